@@ -1,0 +1,4 @@
+#include "CoreGlobals.h"
+
+DEFINE_LOG_CATEGORY(LogTemp);
+DEFINE_LOG_CATEGORY(LogCore);

@@ -1,0 +1,10 @@
+#include "Delegates/DelegateHandle.h"
+
+#include <atomic>
+
+uint64 FDelegateHandle::GenerateNewID()
+{
+	// Starts at 1 so 0 stays "no binding"; bindings are made from any thread.
+	static std::atomic<uint64> NextID{1};
+	return NextID.fetch_add(1, std::memory_order_relaxed);
+}

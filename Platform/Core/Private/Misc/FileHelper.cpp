@@ -1,0 +1,194 @@
+#include "Misc/FileHelper.h"
+
+#include "HAL/FileSystemPath.h"
+#include "String/Utf8Codec.h"
+
+#include <atomic>
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <system_error>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using UE::Core::Private::ToFileSystemPath;
+
+namespace
+{
+	bool ReadAllBytes(const TCHAR* Filename, std::string& OutBytes)
+	{
+		std::error_code Error;
+		const fs::path Path = ToFileSystemPath(Filename);
+		if (!fs::is_regular_file(Path, Error))
+		{
+			return false;
+		}
+		std::ifstream Stream(Path, std::ios::binary);
+		if (!Stream)
+		{
+			return false;
+		}
+		OutBytes.assign(std::istreambuf_iterator<char>(Stream), std::istreambuf_iterator<char>());
+		return !Stream.bad();
+	}
+
+	void AppendUtf16(std::wstring& Out, const uint8* Bytes, SIZE_T Size, bool bBigEndian)
+	{
+		for (SIZE_T Index = 0; Index + 1 < Size; Index += 2)
+		{
+			const uint32 Unit = bBigEndian ? (Bytes[Index] << 8 | Bytes[Index + 1]) : (Bytes[Index + 1] << 8 | Bytes[Index]);
+			if (Unit >= 0xD800 && Unit <= 0xDBFF && Index + 3 < Size)
+			{
+				const uint32 Low = bBigEndian ? (Bytes[Index + 2] << 8 | Bytes[Index + 3]) : (Bytes[Index + 3] << 8 | Bytes[Index + 2]);
+				if (Low >= 0xDC00 && Low <= 0xDFFF)
+				{
+					Out.push_back(static_cast<wchar_t>(0x10000 + ((Unit - 0xD800) << 10) + (Low - 0xDC00)));
+					Index += 2;
+					continue;
+				}
+			}
+			const bool bLoneSurrogate = Unit >= 0xD800 && Unit <= 0xDFFF;
+			Out.push_back(bLoneSurrogate ? UE::Core::Private::ReplacementChar : static_cast<wchar_t>(Unit));
+		}
+	}
+
+	std::string Encode(const FString& String, FFileHelper::EEncodingOptions Encoding)
+	{
+		std::string Bytes;
+		switch (Encoding)
+		{
+		case FFileHelper::EEncodingOptions::ForceAnsi:
+			for (const TCHAR Char : String)
+			{
+				Bytes.push_back(static_cast<uint32>(Char) < 128u ? static_cast<char>(Char) : '?');
+			}
+			break;
+		case FFileHelper::EEncodingOptions::ForceUnicode:
+			Bytes = "\xFF\xFE";
+			for (const TCHAR Char : String)
+			{
+				uint32 Code = static_cast<uint32>(Char);
+				Code = (Code > 0x10FFFF || (Code >= 0xD800 && Code <= 0xDFFF)) ? 0xFFFD : Code;
+				const auto PutUnit = [&Bytes](uint32 Unit)
+				{
+					Bytes.push_back(static_cast<char>(Unit & 0xFF));
+					Bytes.push_back(static_cast<char>(Unit >> 8));
+				};
+				if (Code >= 0x10000)
+				{
+					PutUnit(0xD800 + ((Code - 0x10000) >> 10));
+					PutUnit(0xDC00 + ((Code - 0x10000) & 0x3FF));
+				}
+				else
+				{
+					PutUnit(Code);
+				}
+			}
+			break;
+		case FFileHelper::EEncodingOptions::ForceUTF8:
+			Bytes = "\xEF\xBB\xBF";
+			[[fallthrough]];
+		default:
+			UE::Core::Private::AppendWideAsUtf8(Bytes, *String, static_cast<SIZE_T>(String.Len()));
+			break;
+		}
+		return Bytes;
+	}
+
+	// Writes to a temporary file beside the target and renames it over the target, so readers
+	// (and a crash) only ever see the old file or the complete new one.
+	bool WriteAllBytes(const char* Data, SIZE_T Size, const TCHAR* Filename, uint32 WriteFlags)
+	{
+		const fs::path Target = ToFileSystemPath(Filename);
+		std::error_code Error;
+		if (Target.empty() || ((WriteFlags & FILEWRITE_NoReplaceExisting) && fs::exists(Target, Error)))
+		{
+			return false;
+		}
+		if (Target.has_parent_path())
+		{
+			fs::create_directories(Target.parent_path(), Error);
+		}
+		if (WriteFlags & FILEWRITE_Append)
+		{
+			std::ofstream Stream(Target, std::ios::binary | std::ios::app);
+			Stream.write(Data, static_cast<std::streamsize>(Size));
+			return static_cast<bool>(Stream.flush());
+		}
+		static std::atomic<uint32> Counter{0};
+		fs::path Temporary = Target;
+		Temporary += ".tmp" + std::to_string(getpid()) + "_" + std::to_string(Counter.fetch_add(1));
+		{
+			std::ofstream Stream(Temporary, std::ios::binary | std::ios::trunc);
+			Stream.write(Data, static_cast<std::streamsize>(Size));
+			if (!Stream.flush())
+			{
+				Stream.close();
+				fs::remove(Temporary, Error);
+				return false;
+			}
+		}
+		fs::rename(Temporary, Target, Error);
+		if (Error)
+		{
+			fs::remove(Temporary, Error);
+			return false;
+		}
+		return true;
+	}
+}
+
+void FFileHelper::BufferToString(FString& Result, const uint8* Buffer, int32 Size)
+{
+	std::wstring Text;
+	const SIZE_T Length = Buffer && Size > 0 ? static_cast<SIZE_T>(Size) : 0;
+	if (Length >= 2 && Buffer[0] == 0xFF && Buffer[1] == 0xFE)
+	{
+		AppendUtf16(Text, Buffer + 2, Length - 2, false);
+	}
+	else if (Length >= 2 && Buffer[0] == 0xFE && Buffer[1] == 0xFF)
+	{
+		AppendUtf16(Text, Buffer + 2, Length - 2, true);
+	}
+	else
+	{
+		const SIZE_T Skip = (Length >= 3 && Buffer[0] == 0xEF && Buffer[1] == 0xBB && Buffer[2] == 0xBF) ? 3 : 0;
+		UE::Core::Private::AppendUtf8AsWide(Text, reinterpret_cast<const char*>(Buffer) + Skip, Length - Skip);
+	}
+	Result = FString(static_cast<int32>(Text.size()), Text.c_str());
+}
+
+bool FFileHelper::LoadFileToString(FString& Result, const TCHAR* Filename)
+{
+	Result.Empty();
+	std::string Bytes;
+	if (!ReadAllBytes(Filename, Bytes))
+	{
+		return false;
+	}
+	BufferToString(Result, reinterpret_cast<const uint8*>(Bytes.data()), static_cast<int32>(Bytes.size()));
+	return true;
+}
+
+bool FFileHelper::LoadFileToArray(TArray<uint8>& Result, const TCHAR* Filename, uint32 Flags)
+{
+	Result.Empty();
+	std::string Bytes;
+	if (!ReadAllBytes(Filename, Bytes))
+	{
+		return false;
+	}
+	Result.Append(reinterpret_cast<const uint8*>(Bytes.data()), static_cast<int32>(Bytes.size()));
+	return true;
+}
+
+bool FFileHelper::SaveStringToFile(const FString& String, const TCHAR* Filename, EEncodingOptions EncodingOptions, IFileManager* FileManager, uint32 WriteFlags)
+{
+	const std::string Bytes = Encode(String, EncodingOptions);
+	return WriteAllBytes(Bytes.data(), Bytes.size(), Filename, WriteFlags);
+}
+
+bool FFileHelper::SaveArrayToFile(const TArray<uint8>& Array, const TCHAR* Filename, IFileManager* FileManager, uint32 WriteFlags)
+{
+	return WriteAllBytes(reinterpret_cast<const char*>(Array.GetData()), static_cast<SIZE_T>(Array.Num()), Filename, WriteFlags);
+}

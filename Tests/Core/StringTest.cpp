@@ -1,0 +1,300 @@
+// FString, FCString/_wtof, UTF-8 conversion, FName and FText.
+
+#include "Containers/Array.h"
+#include "Containers/StringConv.h"
+#include "Containers/UnrealString.h"
+#include "Internationalization/Text.h"
+#include "Misc/CString.h"
+#include "UObject/NameTypes.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <thread>
+#include <vector>
+
+// Lets a failed expectation show the string itself.
+void PrintTo(const FString& String, std::ostream* Stream)
+{
+	*Stream << '"' << FTCHARToUTF8(*String).Get() << '"';
+}
+
+TEST(StringCompare, EqualityAndOrderIgnoreCaseWhileEqualsAndCompareDoNot)
+{
+	const FString Hello(TEXT("Hello"));
+	EXPECT_TRUE(Hello == TEXT("hELLO"));
+	EXPECT_TRUE(TEXT("HELLO") == Hello);
+	EXPECT_TRUE(Hello == FString(TEXT("hello")));
+	EXPECT_FALSE(Hello != TEXT("hello"));
+	EXPECT_TRUE(Hello != TEXT("Hello!"));
+	EXPECT_TRUE(FString(TEXT("ÉCOLE")) == TEXT("école"));
+
+	EXPECT_FALSE(Hello.Equals(TEXT("hello")));
+	EXPECT_TRUE(Hello.Equals(TEXT("hello"), ESearchCase::IgnoreCase));
+	EXPECT_TRUE(FString(TEXT("apple")) < FString(TEXT("Banana")));
+	EXPECT_LT(FString(TEXT("B")).Compare(TEXT("a")), 0);
+	EXPECT_EQ(FString(TEXT("B")).Compare(TEXT("b"), ESearchCase::IgnoreCase), 0);
+	EXPECT_LT(FString(TEXT("ab")).Compare(TEXT("abc")), 0);
+
+	EXPECT_EQ(GetTypeHash(Hello), GetTypeHash(FString(TEXT("HELLO"))));
+	EXPECT_EQ(GetTypeHash(FString(TEXT("ÉCOLE"))), GetTypeHash(FString(TEXT("école"))));
+	EXPECT_NE(GetTypeHash(Hello), GetTypeHash(FString(TEXT("Hellp"))));
+	EXPECT_STREQ(*FString(), TEXT(""));
+}
+
+TEST(StringSearch, FindsFromEitherEndWithOrWithoutCase)
+{
+	const FString Text(TEXT("Hello hello HELLO"));
+	EXPECT_EQ(Text.Find(TEXT("hello")), 0);
+	EXPECT_EQ(Text.Find(TEXT("hello"), ESearchCase::CaseSensitive), 6);
+	EXPECT_EQ(Text.Find(TEXT("hello"), ESearchCase::IgnoreCase, ESearchDir::FromEnd), 12);
+	EXPECT_EQ(Text.Find(TEXT("hello"), ESearchCase::CaseSensitive, ESearchDir::FromEnd), 6);
+	EXPECT_EQ(Text.Find(TEXT("hello"), ESearchCase::IgnoreCase, ESearchDir::FromStart, 1), 6);
+	EXPECT_EQ(Text.Find(TEXT("hello"), ESearchCase::IgnoreCase, ESearchDir::FromEnd, 11), 6);
+	EXPECT_EQ(Text.Find(TEXT("HELLO"), ESearchCase::CaseSensitive, ESearchDir::FromStart, 13), INDEX_NONE);
+	EXPECT_EQ(Text.Find(TEXT("")), INDEX_NONE);
+	EXPECT_EQ(Text.Find(TEXT("Hello hello HELLO!")), INDEX_NONE);
+
+	EXPECT_TRUE(Text.Contains(TEXT("LO HE")));
+	EXPECT_FALSE(Text.Contains(TEXT("LO HE"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(Text.StartsWith(TEXT("hELLO")));
+	EXPECT_FALSE(Text.StartsWith(TEXT("hELLO"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(Text.EndsWith(TEXT("llo")));
+	EXPECT_FALSE(Text.StartsWith(TEXT("")));
+	EXPECT_FALSE(Text.EndsWith(TEXT("")));
+
+	int32 Index = 0;
+	EXPECT_TRUE(Text.FindChar('l', Index));
+	EXPECT_EQ(Index, 2);
+	EXPECT_TRUE(Text.FindLastChar('l', Index));
+	EXPECT_EQ(Index, 9);
+	EXPECT_FALSE(Text.FindChar('z', Index));
+	EXPECT_EQ(Index, INDEX_NONE);
+
+	EXPECT_TRUE(FString(TEXT("clip_01.MP4")).MatchesWildcard(TEXT("*.mp4")));
+	EXPECT_FALSE(FString(TEXT("clip_01.MP4")).MatchesWildcard(TEXT("*.mp4"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(FString(TEXT("abcabd")).MatchesWildcard(TEXT("a*b?")));
+	EXPECT_FALSE(FString(TEXT("abc")).MatchesWildcard(TEXT("a?")));
+}
+
+TEST(StringSplit, SplitsAtFirstOrLastAndLeavesOutputsUntouchedOnMiss)
+{
+	const FString Pair(TEXT("key=value=more"));
+	FString Left;
+	FString Right;
+	ASSERT_TRUE(Pair.Split(TEXT("="), &Left, &Right));
+	EXPECT_EQ(Left, TEXT("key"));
+	EXPECT_EQ(Right, TEXT("value=more"));
+	ASSERT_TRUE(Pair.Split(TEXT("="), &Left, &Right, ESearchCase::IgnoreCase, ESearchDir::FromEnd));
+	EXPECT_EQ(Left, TEXT("key=value"));
+	EXPECT_EQ(Right, TEXT("more"));
+	ASSERT_TRUE(FString(TEXT("AxBXc")).Split(TEXT("X"), &Left, nullptr, ESearchCase::CaseSensitive));
+	EXPECT_TRUE(Left.Equals(TEXT("AxB")));
+
+	Left = TEXT("keepLeft");
+	Right = TEXT("keepRight");
+	EXPECT_FALSE(Pair.Split(TEXT(":"), &Left, &Right));
+	EXPECT_TRUE(Left.Equals(TEXT("keepLeft")));
+	EXPECT_TRUE(Right.Equals(TEXT("keepRight")));
+
+	// The string may split into itself.
+	FString Self(TEXT("a/b"));
+	ASSERT_TRUE(Self.Split(TEXT("/"), &Self, &Right));
+	EXPECT_TRUE(Self.Equals(TEXT("a")));
+	EXPECT_TRUE(Right.Equals(TEXT("b")));
+
+	TArray<FString> Parts;
+	EXPECT_EQ(FString(TEXT("a,,b,")).ParseIntoArray(Parts, TEXT(",")), 2);
+	EXPECT_EQ(FString(TEXT("a,,b,")).ParseIntoArray(Parts, TEXT(","), false), 4);
+	EXPECT_TRUE(Parts[1].IsEmpty());
+	EXPECT_EQ(FString::Join(Parts, TEXT("|")), TEXT("a||b|"));
+	EXPECT_EQ(FString().ParseIntoArray(Parts, TEXT(","), false), 0);
+}
+
+TEST(StringSubstrings, ClampCountsAndRemoveAffixesOnlyWhenPresent)
+{
+	const FString Text(TEXT("abcdef"));
+	EXPECT_EQ(Text.Left(3), TEXT("abc"));
+	EXPECT_EQ(Text.Left(100), TEXT("abcdef"));
+	EXPECT_EQ(Text.Left(-1), TEXT(""));
+	EXPECT_EQ(Text.Right(2), TEXT("ef"));
+	EXPECT_EQ(Text.Mid(2), TEXT("cdef"));
+	EXPECT_EQ(Text.Mid(2, 2), TEXT("cd"));
+	EXPECT_EQ(Text.Mid(-3, 5), TEXT("ab"));
+	EXPECT_EQ(Text.Mid(10, 2), TEXT(""));
+	EXPECT_EQ(Text.LeftChop(2), TEXT("abcd"));
+	EXPECT_EQ(Text.RightChop(2), TEXT("cdef"));
+	EXPECT_EQ(Text.RightChop(99), TEXT(""));
+
+	FString Path(TEXT("/Game/Movies/Intro.mp4"));
+	EXPECT_TRUE(Path.RemoveFromStart(TEXT("/game/")));
+	EXPECT_FALSE(Path.RemoveFromStart(TEXT("movies"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(Path.RemoveFromEnd(FString(TEXT(".MP4"))));
+	EXPECT_TRUE(Path.RemoveFromStart(TEXT("Movies/xyz"), 7, ESearchCase::CaseSensitive));
+	EXPECT_FALSE(Path.RemoveFromEnd(TEXT("")));
+	EXPECT_TRUE(Path.Equals(TEXT("Intro")));
+}
+
+TEST(StringPaths, PathAppendPutsExactlyOneSlashBetweenParts)
+{
+	EXPECT_TRUE((FString(TEXT("a")) / TEXT("b")).Equals(TEXT("a/b")));
+	EXPECT_TRUE((FString(TEXT("a/")) / TEXT("/b")).Equals(TEXT("a/b")));
+	EXPECT_TRUE((FString(TEXT("a//")) / FString(TEXT("b/c"))).Equals(TEXT("a/b/c")));
+	EXPECT_TRUE((FString() / TEXT("b")).Equals(TEXT("b")));
+	EXPECT_TRUE((FString(TEXT("/")) / TEXT("b")).Equals(TEXT("/b")));
+	FString Dir(TEXT("Content"));
+	Dir /= TEXT("");
+	EXPECT_TRUE(Dir.Equals(TEXT("Content/")));
+	Dir.PathAppend(TEXT("Movies/ignored"), 6);
+	EXPECT_TRUE(Dir.Equals(TEXT("Content/Movies")));
+}
+
+TEST(StringTransform, TrimsReplacesPadsAndConvertsNumbers)
+{
+	EXPECT_TRUE(FString(TEXT(" \t\u00A0title \r\n")).TrimStartAndEnd().Equals(TEXT("title")));
+	EXPECT_TRUE(FString(TEXT("  x ")).TrimStart().Equals(TEXT("x ")));
+	EXPECT_TRUE(FString(TEXT("  x ")).TrimEnd().Equals(TEXT("  x")));
+	EXPECT_TRUE(FString(TEXT("Straße")).ToUpper().Equals(TEXT("STRAßE")));
+	EXPECT_TRUE(FString(TEXT("ÀB")).ToLower().Equals(TEXT("àb")));
+
+	FString Sentence(TEXT("Cat cat CAT dog"));
+	EXPECT_TRUE(Sentence.Replace(TEXT("cat"), TEXT("cow"), ESearchCase::CaseSensitive).Equals(TEXT("Cat cow CAT dog")));
+	EXPECT_EQ(Sentence.ReplaceInline(TEXT("cat"), TEXT("catcat")), 3);
+	EXPECT_TRUE(Sentence.Equals(TEXT("catcat catcat catcat dog")));
+	EXPECT_EQ(Sentence.ReplaceInline(TEXT(""), TEXT("x")), 0);
+
+	EXPECT_TRUE(FString(TEXT("7")).LeftPad(3).Equals(TEXT("  7")));
+	EXPECT_TRUE(FString(TEXT("7")).RightPad(3).Equals(TEXT("7  ")));
+	EXPECT_TRUE(FString(TEXT("1234")).LeftPad(3).Equals(TEXT("1234")));
+
+	EXPECT_TRUE(FString(TEXT("-12.5")).IsNumeric());
+	EXPECT_TRUE(FString(TEXT("+3")).IsNumeric());
+	EXPECT_FALSE(FString(TEXT("1.2.3")).IsNumeric());
+	EXPECT_FALSE(FString(TEXT("-")).IsNumeric());
+	EXPECT_FALSE(FString(TEXT("")).IsNumeric());
+	EXPECT_FALSE(FString(TEXT("1e5")).IsNumeric());
+
+	EXPECT_TRUE(FString::FromInt(-2147483647 - 1).Equals(TEXT("-2147483648")));
+	EXPECT_TRUE(FString::SanitizeFloat(1.0).Equals(TEXT("1.0")));
+	EXPECT_TRUE(FString::SanitizeFloat(2.25).Equals(TEXT("2.25")));
+	EXPECT_TRUE(FString::SanitizeFloat(-0.1).Equals(TEXT("-0.1")));
+	EXPECT_TRUE(FString::SanitizeFloat(100.0, 0).Equals(TEXT("100")));
+	EXPECT_TRUE(FString::SanitizeFloat(0.5, 3).Equals(TEXT("0.500")));
+}
+
+TEST(CString, NumberParsersReadTheLongestPrefixAndNeverOverflow)
+{
+	EXPECT_DOUBLE_EQ(_wtof(L"1.5x"), 1.5);
+	EXPECT_DOUBLE_EQ(_wtof(L"2X"), 2.0);
+	EXPECT_DOUBLE_EQ(_wtof(L"1.25"), 1.25);
+	EXPECT_DOUBLE_EQ(_wtof(L"  -0.75"), -0.75);
+	EXPECT_DOUBLE_EQ(_wtof(L"abc"), 0.0);
+	EXPECT_DOUBLE_EQ(_wtof(L""), 0.0);
+	EXPECT_DOUBLE_EQ(_wtof(L"1e3s"), 1000.0);
+	EXPECT_FLOAT_EQ(FCString::Atof(TEXT("0.5")), 0.5f);
+
+	EXPECT_EQ(FCString::Atoi(TEXT(" 42abc")), 42);
+	EXPECT_EQ(FCString::Atoi(TEXT("-17")), -17);
+	EXPECT_EQ(FCString::Atoi(TEXT("99999999999")), 2147483647);
+	EXPECT_EQ(FCString::Atoi64(TEXT("-9223372036854775808")), INT64_MIN);
+	EXPECT_EQ(FCString::Atoi64(TEXT("99999999999999999999")), INT64_MAX);
+	EXPECT_EQ(FCString::Atoi(nullptr), 0);
+
+	EXPECT_EQ(FCString::Stricmp(TEXT("ÄBC"), TEXT("äbc")), 0);
+	EXPECT_LT(FCString::Strcmp(TEXT("ABC"), TEXT("abc")), 0);
+	EXPECT_EQ(FCString::Strnicmp(TEXT("HelloX"), TEXT("helloY"), 5), 0);
+	const TCHAR* Haystack = TEXT("Bullet CHAT");
+	EXPECT_EQ(FCString::Stristr(Haystack, TEXT("chat")), Haystack + 7);
+	EXPECT_EQ(FCString::Strstr(Haystack, TEXT("chat")), nullptr);
+}
+
+TEST(StringConv, Utf8RoundTripsAndReplacesMalformedBytes)
+{
+	const FString Mixed(TEXT("héllo 中文 😀"));
+	const FTCHARToUTF8 Utf8(*Mixed);
+	EXPECT_EQ(Utf8.Length(), 18);
+	EXPECT_TRUE(FString(Utf8.Get()).Equals(Mixed));
+	EXPECT_TRUE(FString(UTF8_TO_TCHAR(TCHAR_TO_UTF8(*Mixed))).Equals(Mixed));
+
+	const TCHAR Replacement[] = {0xFFFD, 0};
+	EXPECT_TRUE(FString("\xC3(").Equals(FString(Replacement) + TEXT("(")));
+	// Overlong form: two invalid bytes, two replacements.
+	EXPECT_EQ(FString("\xC0\xAF").Len(), 2);
+	// A sequence cut short at the end is one replacement.
+	EXPECT_TRUE(FString("ab\xE4\xB8").Equals(FString(TEXT("ab")) + Replacement));
+	// An encoded surrogate is refused byte by byte.
+	EXPECT_EQ(FString("\xED\xA0\x80").Len(), 3);
+	EXPECT_EQ(FString::FromUTF8("a\0b", 3).Len(), 3);
+
+	const TCHAR LoneSurrogate[] = {'x', 0xD800, 0};
+	EXPECT_STREQ(FTCHARToUTF8(LoneSurrogate).Get(), "x\xEF\xBF\xBD");
+}
+
+TEST(Name, InternsIgnoringCaseAndKeepsTheFirstCasing)
+{
+	const FName First(TEXT("PlayButton_Unique"));
+	const FName Second(TEXT("PLAYBUTTON_UNIQUE"));
+	EXPECT_EQ(First, Second);
+	EXPECT_EQ(GetTypeHash(First), GetTypeHash(Second));
+	EXPECT_TRUE(Second.ToString().Equals(TEXT("PlayButton_Unique")));
+	EXPECT_TRUE(First == TEXT("playbutton_unique"));
+	EXPECT_NE(First, FName(TEXT("PauseButton")));
+
+	EXPECT_TRUE(FName().IsNone());
+	EXPECT_EQ(FName(TEXT("")), NAME_None);
+	EXPECT_EQ(FName(TEXT("none")), NAME_None);
+	EXPECT_TRUE(FName(NAME_None).ToString().Equals(TEXT("None")));
+	EXPECT_TRUE(FName(TEXT("Never_Seen_Before"), FNAME_Find).IsNone());
+	EXPECT_TRUE(FName(TEXT("alpha")).LexicalLess(FName(TEXT("Beta"))));
+
+	// Threads racing to intern the same new names agree on them.
+	std::vector<std::vector<FName>> PerThread(4);
+	std::vector<std::thread> Threads;
+	for (std::vector<FName>& Names : PerThread)
+	{
+		Threads.emplace_back([&Names]
+		{
+			for (int32 Index = 0; Index < 200; ++Index)
+			{
+				Names.push_back(FName(*FString::Printf(TEXT("Raced_%d"), Index)));
+			}
+		});
+	}
+	for (std::thread& Thread : Threads)
+	{
+		Thread.join();
+	}
+	for (int32 Index = 0; Index < 200; ++Index)
+	{
+		EXPECT_EQ(PerThread[0][Index], PerThread[3][Index]);
+		EXPECT_NE(PerThread[0][Index], PerThread[0][(Index + 1) % 200]);
+	}
+}
+
+#define LOCTEXT_NAMESPACE "VidariaPlayer"
+
+TEST(Text, LocalizedTextRemembersNamespaceAndKey)
+{
+	const FText Explicit = NSLOCTEXT("BulletChat", "SendLabel", "Send");
+	EXPECT_TRUE(Explicit.ToString().Equals(TEXT("Send")));
+	EXPECT_TRUE(FTextInspector::GetNamespace(Explicit).Equals(TEXT("BulletChat")));
+	EXPECT_TRUE(FTextInspector::GetKey(Explicit).Equals(TEXT("SendLabel")));
+
+	const FText FromMacro = LOCTEXT("PauseLabel", "Pause");
+	EXPECT_TRUE(FTextInspector::GetNamespace(FromMacro).Equals(TEXT("VidariaPlayer")));
+	EXPECT_TRUE(FTextInspector::GetKey(FromMacro).Equals(TEXT("PauseLabel")));
+
+	const FText Plain = FText::FromString(TEXT("send"));
+	EXPECT_TRUE(FTextInspector::GetNamespace(Plain).IsEmpty());
+	EXPECT_TRUE(FTextInspector::GetKey(Plain).IsEmpty());
+	EXPECT_FALSE(Plain.EqualTo(Explicit));
+	EXPECT_TRUE(Plain.EqualToCaseIgnored(Explicit));
+	EXPECT_TRUE(FText::GetEmpty().IsEmpty());
+	EXPECT_TRUE(FText().ToString().IsEmpty());
+	EXPECT_TRUE(FText::FromString(TEXT(" \t")).IsEmptyOrWhitespace());
+
+	const FText Copy = Explicit;
+	EXPECT_EQ(&Copy.ToString(), &Explicit.ToString());
+}
+
+#undef LOCTEXT_NAMESPACE
