@@ -1,0 +1,7 @@
+#include "BadBaseClass.generated.h"
+
+UCLASS()
+class UBadBaseClass : UObject
+{
+	GENERATED_BODY()
+};

@@ -1,0 +1,9 @@
+#include "BadBitfield.generated.h"
+
+UCLASS()
+class UBadBitfield : public UObject
+{
+	GENERATED_BODY()
+	UPROPERTY()
+	uint8 bFlag : 1;
+};

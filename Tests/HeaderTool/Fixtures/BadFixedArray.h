@@ -1,0 +1,9 @@
+#include "BadFixedArray.generated.h"
+
+USTRUCT()
+struct FBadFixedArray
+{
+	GENERATED_BODY()
+	UPROPERTY()
+	int32 Values[4];
+};

@@ -1,0 +1,5 @@
+#include "BadIncludeOrder.generated.h"
+#include "CoreMinimal.h"
+
+UENUM()
+enum class EOrder { A };

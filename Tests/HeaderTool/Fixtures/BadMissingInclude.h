@@ -1,0 +1,4 @@
+#include "CoreMinimal.h"
+
+UENUM()
+enum class EMissing { A };

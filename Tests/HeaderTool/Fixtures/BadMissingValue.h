@@ -1,0 +1,9 @@
+#include "BadMissingValue.generated.h"
+
+USTRUCT()
+struct FBadMissingValue
+{
+	GENERATED_BODY()
+	UPROPERTY(EditAnywhere, Category)
+	int32 Value;
+};

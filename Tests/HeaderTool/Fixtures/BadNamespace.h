@@ -1,0 +1,7 @@
+#include "BadNamespace.generated.h"
+
+namespace Vidaria
+{
+	UENUM()
+	enum class EInside { A };
+}

@@ -1,0 +1,10 @@
+#include "BadUnnamedParameter.generated.h"
+
+UCLASS()
+class UBadUnnamedParameter : public UObject
+{
+	GENERATED_BODY()
+	UFUNCTION()
+	void Play(int32 Index,
+		const FString&);
+};

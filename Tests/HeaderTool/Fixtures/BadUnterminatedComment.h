@@ -1,0 +1,5 @@
+#include "BadUnterminatedComment.generated.h"
+
+/** Never closed
+UENUM()
+enum class EComment { A };
