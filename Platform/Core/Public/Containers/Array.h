@@ -135,7 +135,8 @@ public:
 	SizeType AddUnique(ElementType&& Item) { const SizeType Index = Find(Item); return Index != INDEX_NONE ? Index : Add(MoveTemp(Item)); }
 	/** Adds Count value-initialised elements; returns the index of the first. */
 	SizeType AddDefaulted(SizeType Count = 1) { return AddValueInitialized(Count); }
-	ElementType& AddDefaulted_GetRef() { return Data[AddDefaulted()]; }
+	// The index first: Data[AddDefaulted()] would read Data before the add may move it.
+	ElementType& AddDefaulted_GetRef() { const SizeType Index = AddDefaulted(); return Data[Index]; }
 	/** Adds Count elements whose bytes are zero (value-initialised for types that own resources). */
 	SizeType AddZeroed(SizeType Count = 1)
 	{
@@ -150,7 +151,7 @@ public:
 			return AddValueInitialized(Count);
 		}
 	}
-	ElementType& AddZeroed_GetRef() { return Data[AddZeroed()]; }
+	ElementType& AddZeroed_GetRef() { const SizeType Index = AddZeroed(); return Data[Index]; }
 	/** Adds Count elements left unset for plain types (value-initialised for the others). */
 	SizeType AddUninitialized(SizeType Count = 1)
 	{

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+/** libavutil's message for an AVERROR code, e.g. "No such file or directory". */
+std::string FFmpegErrorText(int ErrorCode);

@@ -1,0 +1,314 @@
+#include "MediaPlayer.h"
+
+#include "FileMediaSource.h"
+#include "MediaAssetsLog.h"
+#include "MediaBackend.h"
+#include "MediaBackendRegistry.h"
+#include "MediaPlaylist.h"
+#include "MediaSource.h"
+#include "Misc/Paths.h"
+#include "Templates/Casts.h"
+#include "UObject/UObjectGlobals.h"
+
+DEFINE_LOG_CATEGORY(LogMediaAssets);
+
+UMediaPlayer::UMediaPlayer() = default;
+
+// Out of line: the backend's type is complete only here.
+UMediaPlayer::~UMediaPlayer() = default;
+
+bool UMediaPlayer::CanPlayUrl(const FString& Url)
+{
+	return !Url.IsEmpty() && FMediaBackendRegistry::CanPlayUrl(Url);
+}
+
+bool UMediaPlayer::OpenUrl(const FString& Url)
+{
+	SyncPlaylistIndex(Url);
+	return OpenLocation(Url, Url);
+}
+
+bool UMediaPlayer::OpenFile(const FString& FilePath)
+{
+	if (FilePath.IsEmpty())
+	{
+		return OpenLocation(FilePath, FilePath);
+	}
+	UFileMediaSource* Source = NewObject<UFileMediaSource>(this);
+	Source->SetFilePath(FilePath);
+	return OpenSource(Source);
+}
+
+bool UMediaPlayer::OpenSource(UMediaSource* MediaSource)
+{
+	if (!MediaSource)
+	{
+		return false;
+	}
+	const FString Url = MediaSource->GetUrl();
+	SyncPlaylistIndex(Url);
+	// A file is handed to the backend as a plain path: a file:// URL would have its '%' decoded.
+	const UFileMediaSource* File = Cast<UFileMediaSource>(MediaSource);
+	return OpenLocation(Url, File ? File->GetFullPath() : Url);
+}
+
+bool UMediaPlayer::OpenPlaylistIndex(UMediaPlaylist* InPlaylist, int32 Index)
+{
+	if (!InPlaylist)
+	{
+		return false;
+	}
+	Playlist = InPlaylist;
+	UMediaSource* Source = InPlaylist->Get(Index);
+	if (!Source)
+	{
+		return false;
+	}
+	PlaylistIndex = Index;
+	const FString Url = Source->GetUrl();
+	const UFileMediaSource* File = Cast<UFileMediaSource>(Source);
+	return OpenLocation(Url, File ? File->GetFullPath() : Url);
+}
+
+bool UMediaPlayer::Next()
+{
+	if (!Playlist || Playlist->Num() == 0)
+	{
+		return false;
+	}
+	int32 Index = PlaylistIndex;
+	Playlist->GetNext(Index);
+	return OpenPlaylistIndex(Playlist, Index);
+}
+
+bool UMediaPlayer::Previous()
+{
+	if (!Playlist || Playlist->Num() == 0)
+	{
+		return false;
+	}
+	int32 Index = PlaylistIndex;
+	Playlist->GetPrevious(Index);
+	return OpenPlaylistIndex(Playlist, Index);
+}
+
+void UMediaPlayer::Close()
+{
+	CloseMedia(true);
+}
+
+bool UMediaPlayer::Play()
+{
+	return SetRate(1.f);
+}
+
+bool UMediaPlayer::Pause()
+{
+	return SetRate(0.f);
+}
+
+bool UMediaPlayer::Rewind()
+{
+	return Seek(FTimespan::Zero());
+}
+
+bool UMediaPlayer::Seek(const FTimespan& Time)
+{
+	if (State == EState::Preparing)
+	{
+		bHasPendingSeek = true;
+		PendingSeek = Time;
+		return true;
+	}
+	if (!IsReady() || !Backend->SupportsSeeking() || !Backend->Seek(Time))
+	{
+		return false;
+	}
+	bInternalSeek = false;
+	bAtEnd = false;
+	return true;
+}
+
+bool UMediaPlayer::SetRate(float Rate)
+{
+	if (!IsReady() || !(Rate >= 0.f) || !Backend->SetRate(Rate))
+	{
+		return false;
+	}
+	const bool bWasPlaying = CurrentRate > 0.f;
+	if (Rate > 0.f && bAtEnd && !StartOver())
+	{
+		return false;
+	}
+	CurrentRate = Rate;
+	State = Rate > 0.f ? EState::Playing : EState::Paused;
+	if (bWasPlaying != (Rate > 0.f))
+	{
+		Queued.Add({Rate > 0.f ? EEvent::Resumed : EEvent::Suspended, FString()});
+	}
+	return true;
+}
+
+bool UMediaPlayer::SetNativeVolume(float Volume)
+{
+	return Backend && Backend->SetNativeVolume(Volume);
+}
+
+bool UMediaPlayer::SetLooping(bool Looping)
+{
+	Loop = Looping;
+	return true;
+}
+
+bool UMediaPlayer::IsPreparing() const
+{
+	return State == EState::Preparing;
+}
+
+bool UMediaPlayer::IsReady() const
+{
+	return State == EState::Playing || State == EState::Paused;
+}
+
+bool UMediaPlayer::IsPaused() const
+{
+	return State == EState::Paused;
+}
+
+bool UMediaPlayer::IsPlaying() const
+{
+	return State == EState::Playing;
+}
+
+bool UMediaPlayer::IsClosed() const
+{
+	return State == EState::Closed;
+}
+
+bool UMediaPlayer::SupportsSeeking() const
+{
+	return IsReady() && Backend->SupportsSeeking();
+}
+
+FTimespan UMediaPlayer::GetTime() const
+{
+	return IsReady() ? Backend->GetTime() : FTimespan::Zero();
+}
+
+FTimespan UMediaPlayer::GetDuration() const
+{
+	return IsReady() ? Backend->GetDuration() : FTimespan::Zero();
+}
+
+void UMediaPlayer::EnsurePlaylist()
+{
+	if (!Playlist)
+	{
+		Playlist = NewObject<UMediaPlaylist>(this);
+	}
+}
+
+UMediaPlaylist& UMediaPlayer::GetPlaylistRef()
+{
+	EnsurePlaylist();
+	return *Playlist;
+}
+
+bool UMediaPlayer::OpenLocation(const FString& Url, const FString& Location)
+{
+	CloseMedia(true);
+	if (Url.IsEmpty())
+	{
+		FailOpen(Url, TEXT("empty URL"));
+		return false;
+	}
+	Backend = FMediaBackendRegistry::CreateFor(Location);
+	FString Error;
+	if (!Backend || !Backend->Open(Location, Error))
+	{
+		Backend.Reset();
+		FailOpen(Url, Error.IsEmpty() ? FString(TEXT("no backend")) : Error);
+		return false;
+	}
+	CurrentUrl = Url;
+	State = EState::Preparing;
+	return true;
+}
+
+void UMediaPlayer::FailOpen(const FString Url, const FString& Reason)
+{
+	UE_LOG(LogMediaAssets, Warning, TEXT("Cannot open media '%s': %s"), *Url, *Reason);
+	if (Backend)
+	{
+		Backend->Close();
+		Backend.Reset();
+	}
+	State = EState::Closed;
+	CurrentUrl.Reset();
+	CurrentRate = 0.f;
+	Queued.Add({EEvent::OpenFailed, Url});
+}
+
+void UMediaPlayer::CloseMedia(bool bRaiseEvents)
+{
+	if (State == EState::Closed)
+	{
+		return;
+	}
+	const bool bWasPlaying = State == EState::Playing;
+	if (Backend)
+	{
+		Backend->Close();
+		Backend.Reset();
+	}
+	State = EState::Closed;
+	CurrentRate = 0.f;
+	CurrentUrl.Reset();
+	bHasPendingSeek = false;
+	bInternalSeek = false;
+	bAtEnd = false;
+	ClockCarrySeconds = 0.0;
+	VideoSample.Reset();
+	++VideoSampleSerial;
+	// What the old media still had to say is moot now; only its closing is news.
+	Queued.Reset();
+	if (bRaiseEvents)
+	{
+		if (bWasPlaying)
+		{
+			Queued.Add({EEvent::Suspended, FString()});
+		}
+		Queued.Add({EEvent::Closed, FString()});
+	}
+}
+
+bool UMediaPlayer::StartOver()
+{
+	if (!Backend->SupportsSeeking() || !Backend->Seek(FTimespan::Zero()))
+	{
+		return false;
+	}
+	bInternalSeek = true;
+	bAtEnd = false;
+	return true;
+}
+
+void UMediaPlayer::SyncPlaylistIndex(const FString& Url)
+{
+	// Opened by another road than the playlist: point at the entry with this URL, if there is
+	// one, so Next and Previous go on from there; else INDEX_NONE, so Next starts at the top.
+	PlaylistIndex = INDEX_NONE;
+	if (!Playlist)
+	{
+		return;
+	}
+	for (int32 Index = 0; Index < Playlist->Num(); ++Index)
+	{
+		UMediaSource* Source = Playlist->Get(Index);
+		if (Source && Source->GetUrl() == Url)
+		{
+			PlaylistIndex = Index;
+			return;
+		}
+	}
+}
