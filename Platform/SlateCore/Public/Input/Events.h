@@ -1,0 +1,37 @@
+#pragma once
+
+// FPointerEvent: one mouse event as Slate hands it to widgets. The stand-in has one pointer and
+// no keyboard modifiers; the cursor delta is the distance moved since the previous event.
+
+#include "CoreMinimal.h"
+#include "Math/Vector2D.h"
+
+/** A pointer event: where the pointer is, where it was at the previous event, and the button. */
+class FPointerEvent
+{
+public:
+	FPointerEvent() = default;
+
+	/** An event at InScreenSpacePosition; the delta is measured from InLastScreenSpacePosition. */
+	FPointerEvent(const FVector2D& InScreenSpacePosition, const FVector2D& InLastScreenSpacePosition, bool bInLeftButtonDown = false)
+		: ScreenSpacePosition(InScreenSpacePosition), LastScreenSpacePosition(InLastScreenSpacePosition), bLeftButtonDown(bInLeftButtonDown)
+	{
+	}
+
+	/** Where the pointer is, in screen pixels. */
+	const FVector2D& GetScreenSpacePosition() const { return ScreenSpacePosition; }
+	/** Where the pointer was at the previous event. */
+	const FVector2D& GetLastScreenSpacePosition() const { return LastScreenSpacePosition; }
+	/** How far the pointer moved since the previous event; zero for an event that did not move it. */
+	FVector2D GetCursorDelta() const { return ScreenSpacePosition - LastScreenSpacePosition; }
+	/** True while the left button is held. */
+	bool IsLeftButtonDown() const { return bLeftButtonDown; }
+
+private:
+	/** Current position in screen pixels. */
+	FVector2D ScreenSpacePosition = FVector2D::ZeroVector;
+	/** Position at the previous pointer event. */
+	FVector2D LastScreenSpacePosition = FVector2D::ZeroVector;
+	/** Whether the left button is held during this event. */
+	bool bLeftButtonDown = false;
+};

@@ -1,0 +1,91 @@
+#include "Components/ComboBoxString.h"
+
+#include "Fonts/FontMeasure.h"
+
+namespace
+{
+	/** The default style's padding around the text and the drop-down arrow's width. */
+	constexpr double ComboPaddingX = 4.0;
+	constexpr double ComboPaddingY = 2.0;
+	constexpr double ComboArrowWidth = 16.0;
+}
+
+bool UComboBoxString::RemoveOption(const FString& Option)
+{
+	const int32 Index = FindOptionIndex(Option);
+	if (Index == INDEX_NONE)
+	{
+		return false;
+	}
+	if (DefaultOptions[Index].Equals(SelectedOption, ESearchCase::CaseSensitive))
+	{
+		SelectedOption.Empty();
+	}
+	DefaultOptions.RemoveAt(Index);
+	return true;
+}
+
+int32 UComboBoxString::FindOptionIndex(const FString& Option) const
+{
+	for (int32 Index = 0; Index < DefaultOptions.Num(); ++Index)
+	{
+		if (DefaultOptions[Index].Equals(Option, ESearchCase::CaseSensitive))
+		{
+			return Index;
+		}
+	}
+	return INDEX_NONE;
+}
+
+FString UComboBoxString::GetOptionAtIndex(int32 Index) const
+{
+	return DefaultOptions.IsValidIndex(Index) ? DefaultOptions[Index] : FString();
+}
+
+void UComboBoxString::ClearOptions()
+{
+	DefaultOptions.Empty();
+	SelectedOption.Empty();
+}
+
+void UComboBoxString::SetSelectedOption(FString Option)
+{
+	SelectOption(Option, ESelectInfo::Direct);
+}
+
+void UComboBoxString::SetSelectedIndex(const int32 Index)
+{
+	if (DefaultOptions.IsValidIndex(Index))
+	{
+		SelectOption(DefaultOptions[Index], ESelectInfo::Direct);
+	}
+}
+
+bool UComboBoxString::SelectOption(const FString& Option, ESelectInfo::Type SelectionType)
+{
+	const int32 Index = FindOptionIndex(Option);
+	if (Index == INDEX_NONE)
+	{
+		return false;
+	}
+	// As Slate's combo box, only a change of selection is announced.
+	if (DefaultOptions[Index].Equals(SelectedOption, ESearchCase::CaseSensitive))
+	{
+		return true;
+	}
+	SelectedOption = DefaultOptions[Index];
+	OnSelectionChanged.Broadcast(SelectedOption, SelectionType);
+	return true;
+}
+
+FVector2D UComboBoxString::ComputeDesiredSize() const
+{
+	const FSlateFontMeasure& Measure = FSlateFontMeasure::Get();
+	double Width = 0.0;
+	for (const FString& Option : DefaultOptions)
+	{
+		Width = FMath::Max(Width, Measure.Measure(Option, Font).X);
+	}
+	const double Height = Measure.GetMaxCharacterHeight(Font);
+	return FVector2D(Width + 2.0 * ComboPaddingX + ComboArrowWidth, Height + 2.0 * ComboPaddingY);
+}

@@ -1,0 +1,3 @@
+#include "UMGLog.h"
+
+DEFINE_LOG_CATEGORY(LogUMG);
