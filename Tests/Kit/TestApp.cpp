@@ -13,6 +13,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 FTestApp::FTestApp(const FHeadlessApplicationSettings& InSettings)
 	: FHeadlessApplication(InSettings)
 {
@@ -56,6 +59,21 @@ UUserWidget* FTestApp::ShowWidgetFromBlueprint(const FString& BlueprintPath, int
 		TickFrame();
 	}
 	return Widget;
+}
+
+bool FTestApp::WaitUntil(TFunctionRef<bool()> Condition, double TimeoutSeconds)
+{
+	const auto Deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(TimeoutSeconds);
+	while (!Condition())
+	{
+		if (std::chrono::steady_clock::now() > Deadline)
+		{
+			return false;
+		}
+		TickFrame();
+		std::this_thread::sleep_for(std::chrono::milliseconds(1));
+	}
+	return true;
 }
 
 UWidget* FTestApp::FindWidget(const UUserWidget* Owner, const FName& Name) const

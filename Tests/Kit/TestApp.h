@@ -30,6 +30,12 @@ public:
 	template<class WidgetT>
 	WidgetT* ShowWidgetFromBlueprint(const FString& BlueprintPath, int32 ZOrder = 0) { return Cast<WidgetT>(ShowWidgetFromBlueprint(BlueprintPath, ZOrder)); }
 
+	/**
+	 * Runs frames until Condition holds, pausing a millisecond of real time after each, for work
+	 * done on other threads (a real media file opening); false after TimeoutSeconds of wall time.
+	 */
+	bool WaitUntil(TFunctionRef<bool()> Condition, double TimeoutSeconds = 10.0);
+
 	/** The widget named Name in Owner's widget tree; fails the test when there is none. */
 	UWidget* FindWidget(const UUserWidget* Owner, const FName& Name) const;
 
