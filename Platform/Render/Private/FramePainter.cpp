@@ -1,0 +1,190 @@
+#include "FramePainter.h"
+
+#include "MediaTextureSample.h"
+#include "RenderFrame.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace
+{
+	/**
+	 * Source-over of a straight-alpha source onto a straight-alpha pixel. Alpha is in 0..255; the
+	 * frame is usually opaque, so the common case keeps the destination alpha at 255.
+	 */
+	inline void BlendTexel(uint8* Dest, uint32 R, uint32 G, uint32 B, uint32 Alpha)
+	{
+		if (Alpha == 0)
+		{
+			return;
+		}
+		if (Alpha >= 255)
+		{
+			Dest[0] = static_cast<uint8>(R);
+			Dest[1] = static_cast<uint8>(G);
+			Dest[2] = static_cast<uint8>(B);
+			Dest[3] = 255;
+			return;
+		}
+		const uint32 DestAlpha = Dest[3];
+		const uint32 Rest = DestAlpha * (255u - Alpha);
+		const uint32 OutAlpha255 = Alpha * 255u + Rest;
+		if (OutAlpha255 == 0)
+		{
+			return;
+		}
+		auto Mix = [&](uint32 Source, uint32 Target) { return static_cast<uint8>((Source * Alpha * 255u + Target * Rest + OutAlpha255 / 2u) / OutAlpha255); };
+		Dest[0] = Mix(R, Dest[0]);
+		Dest[1] = Mix(G, Dest[1]);
+		Dest[2] = Mix(B, Dest[2]);
+		Dest[3] = static_cast<uint8>((OutAlpha255 + 127u) / 255u);
+	}
+
+	/** Colour alpha times opacity, as a byte. */
+	inline uint32 EffectiveAlpha(uint8 Alpha, float Opacity)
+	{
+		const float Value = static_cast<float>(Alpha) * FMath::Clamp(Opacity, 0.0f, 1.0f);
+		return static_cast<uint32>(Value + 0.5f);
+	}
+}
+
+FPaintRect FPaintRect::Intersect(const FPaintRect& Other) const
+{
+	return {std::max(Left, Other.Left), std::max(Top, Other.Top), std::min(Right, Other.Right), std::min(Bottom, Other.Bottom)};
+}
+
+FPaintRect FPaintRect::FromBox(const FVector2D& Position, const FVector2D& Size)
+{
+	// Rounding both edges (not position and size) keeps neighbouring boxes from gapping or overlapping.
+	const double Left = std::round(Position.X);
+	const double Top = std::round(Position.Y);
+	const double Right = std::round(Position.X + Size.X);
+	const double Bottom = std::round(Position.Y + Size.Y);
+	// Far-off boxes (a widget translated away) are kept in int range; the clip drops them anyway.
+	auto ToInt = [](double Value) { return static_cast<int32>(std::clamp(Value, -16777216.0, 16777216.0)); };
+	return {ToInt(Left), ToInt(Top), ToInt(Right), ToInt(Bottom)};
+}
+
+FFramePainter::FFramePainter(FRenderFrame& InFrame)
+	: Frame(InFrame), Clip{0, 0, InFrame.GetWidth(), InFrame.GetHeight()}
+{
+}
+
+void FFramePainter::SetClip(const FPaintRect& Rect)
+{
+	Clip = Rect.Intersect({0, 0, Frame.GetWidth(), Frame.GetHeight()});
+}
+
+void FFramePainter::FillRect(const FPaintRect& Rect, FColor Color, float Opacity) const
+{
+	const FPaintRect Area = Rect.Intersect(Clip);
+	const uint32 Alpha = EffectiveAlpha(Color.A, Opacity);
+	if (Area.IsEmpty() || Alpha == 0)
+	{
+		return;
+	}
+	uint8* Data = Frame.GetData();
+	const int32 Stride = Frame.GetStride();
+	for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
+	{
+		uint8* Row = Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride);
+		for (int32 X = Area.Left; X < Area.Right; ++X)
+		{
+			BlendTexel(Row + X * 4, Color.R, Color.G, Color.B, Alpha);
+		}
+	}
+}
+
+void FFramePainter::FrameRect(const FPaintRect& Rect, int32 Thickness, FColor Color, float Opacity) const
+{
+	const int32 T = std::max(1, std::min({Thickness, (Rect.Right - Rect.Left) / 2, (Rect.Bottom - Rect.Top) / 2}));
+	if (Rect.IsEmpty())
+	{
+		return;
+	}
+	// Four strips that do not overlap, so a translucent frame has no darker corners.
+	FillRect({Rect.Left, Rect.Top, Rect.Right, Rect.Top + T}, Color, Opacity);
+	FillRect({Rect.Left, Rect.Bottom - T, Rect.Right, Rect.Bottom}, Color, Opacity);
+	FillRect({Rect.Left, Rect.Top + T, Rect.Left + T, Rect.Bottom - T}, Color, Opacity);
+	FillRect({Rect.Right - T, Rect.Top + T, Rect.Right, Rect.Bottom - T}, Color, Opacity);
+}
+
+void FFramePainter::DrawLine(const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity) const
+{
+	// Only ticks and arrows use lines, a few pixels long: stamping opaque squares is enough and
+	// stays exact for opaque colours. Translucent lines would double-blend where stamps overlap.
+	const FVector2D Delta = B - A;
+	const int32 Steps = std::max(1, static_cast<int32>(std::ceil(std::max(std::abs(Delta.X), std::abs(Delta.Y)))));
+	const double Half = Thickness * 0.5;
+	for (int32 Step = 0; Step <= Steps; ++Step)
+	{
+		const FVector2D Point = A + Delta * (static_cast<double>(Step) / Steps);
+		FillRect(FPaintRect::FromBox(FVector2D(Point.X - Half, Point.Y - Half), FVector2D(Thickness, Thickness)), Color, Opacity);
+	}
+}
+
+void FFramePainter::DrawPicture(const FPaintRect& Rect, const FMediaTextureSample& Sample, const FLinearColor& Tint, float Opacity) const
+{
+	const FPaintRect Area = Rect.Intersect(Clip);
+	if (Area.IsEmpty() || !Sample.Pixels || Sample.Width <= 0 || Sample.Height <= 0 || Sample.Stride < Sample.Width * 4)
+	{
+		return;
+	}
+	// Tint multiplies the picture as the material's base colour does; it is linear, the bytes
+	// are sRGB, so it is applied as the engine would after decoding: close enough per channel
+	// for tints of 0 or 1, which is what widgets use.
+	const FColor TintBytes = Tint.ToFColor(true);
+	const uint32 TintR = TintBytes.R + (TintBytes.R >> 7);
+	const uint32 TintG = TintBytes.G + (TintBytes.G >> 7);
+	const uint32 TintB = TintBytes.B + (TintBytes.B >> 7);
+	const float AlphaScale = FMath::Clamp(Tint.A, 0.0f, 1.0f) * FMath::Clamp(Opacity, 0.0f, 1.0f);
+	const uint32 AlphaMul = static_cast<uint32>(AlphaScale * 256.0f + 0.5f);
+	if (AlphaMul == 0)
+	{
+		return;
+	}
+
+	// Pixel centres map to texel centres; weights are 8-bit fixed point. Columns are computed
+	// once per draw, not per pixel.
+	const double ScaleX = static_cast<double>(Sample.Width) / std::max(1, Rect.Right - Rect.Left);
+	const double ScaleY = static_cast<double>(Sample.Height) / std::max(1, Rect.Bottom - Rect.Top);
+	struct FTap
+	{
+		int32 First;
+		int32 Second;
+		uint32 Weight;
+	};
+	auto MakeTap = [](double Source, int32 Size) {
+		const double Clamped = std::clamp(Source, 0.0, static_cast<double>(Size - 1));
+		const int32 First = static_cast<int32>(Clamped);
+		const int32 Second = std::min(First + 1, Size - 1);
+		return FTap{First, Second, static_cast<uint32>((Clamped - First) * 256.0)};
+	};
+	std::vector<FTap> Columns(static_cast<size_t>(Area.Right - Area.Left));
+	for (int32 X = Area.Left; X < Area.Right; ++X)
+	{
+		Columns[static_cast<size_t>(X - Area.Left)] = MakeTap((X - Rect.Left + 0.5) * ScaleX - 0.5, Sample.Width);
+	}
+	uint8* Data = Frame.GetData();
+	const int32 Stride = Frame.GetStride();
+	for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
+	{
+		const FTap Row = MakeTap((Y - Rect.Top + 0.5) * ScaleY - 0.5, Sample.Height);
+		const uint8* Upper = Sample.Pixels + static_cast<size_t>(Row.First) * static_cast<size_t>(Sample.Stride);
+		const uint8* Lower = Sample.Pixels + static_cast<size_t>(Row.Second) * static_cast<size_t>(Sample.Stride);
+		uint8* Out = Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride) + static_cast<size_t>(Area.Left) * 4u;
+		for (const FTap& Column : Columns)
+		{
+			uint32 Channel[4];
+			for (int32 C = 0; C < 4; ++C)
+			{
+				const uint32 Top = Upper[Column.First * 4 + C] * (256u - Column.Weight) + Upper[Column.Second * 4 + C] * Column.Weight;
+				const uint32 Bottom = Lower[Column.First * 4 + C] * (256u - Column.Weight) + Lower[Column.Second * 4 + C] * Column.Weight;
+				Channel[C] = (Top * (256u - Row.Weight) + Bottom * Row.Weight + 32768u) >> 16;
+			}
+			BlendTexel(Out, (Channel[0] * TintR) >> 8, (Channel[1] * TintG) >> 8, (Channel[2] * TintB) >> 8, (Channel[3] * AlphaMul) >> 8);
+			Out += 4;
+		}
+	}
+}

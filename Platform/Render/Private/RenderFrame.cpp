@@ -1,0 +1,86 @@
+#include "RenderFrame.h"
+
+#include "Containers/StringConv.h"
+#include "RenderLog.h"
+
+#include <png.h>
+
+#include <cstring>
+
+DEFINE_LOG_CATEGORY(LogRender);
+
+void FRenderFrame::Resize(int32 InWidth, int32 InHeight)
+{
+	Width = InWidth > 0 && InHeight > 0 ? InWidth : 0;
+	Height = Width > 0 ? InHeight : 0;
+	// resize keeps capacity, so a frame rendered every tick at one size allocates once.
+	Pixels.resize(static_cast<size_t>(Width) * static_cast<size_t>(Height) * 4u);
+}
+
+void FRenderFrame::Clear(FColor Color)
+{
+	const uint8 Texel[4] = {Color.R, Color.G, Color.B, Color.A};
+	for (size_t Offset = 0; Offset < Pixels.size(); Offset += 4)
+	{
+		std::memcpy(&Pixels[Offset], Texel, 4);
+	}
+}
+
+FColor FRenderFrame::GetPixel(int32 X, int32 Y) const
+{
+	if (X < 0 || Y < 0 || X >= Width || Y >= Height)
+	{
+		return FColor(0, 0, 0, 0);
+	}
+	const uint8* Texel = &Pixels[(static_cast<size_t>(Y) * static_cast<size_t>(Width) + static_cast<size_t>(X)) * 4u];
+	return FColor(Texel[0], Texel[1], Texel[2], Texel[3]);
+}
+
+bool FRenderFrame::SavePng(const FString& Path) const
+{
+	if (Width == 0)
+	{
+		UE_LOG(LogRender, Error, TEXT("Cannot write %s: the frame is empty"), *Path);
+		return false;
+	}
+	// libpng's simplified API reports errors through the image struct instead of longjmp, so no
+	// C++ object is skipped over when a write fails half way.
+	png_image Image;
+	std::memset(&Image, 0, sizeof(Image));
+	Image.version = PNG_IMAGE_VERSION;
+	Image.width = static_cast<png_uint_32>(Width);
+	Image.height = static_cast<png_uint_32>(Height);
+	Image.format = PNG_FORMAT_RGBA;
+	const int Written = png_image_write_to_file(&Image, FTCHARToUTF8(*Path).Get(), 0, Pixels.data(), GetStride(), nullptr);
+	if (!Written)
+	{
+		UE_LOG(LogRender, Error, TEXT("Cannot write %s: %s"), *Path, FUTF8ToTCHAR(Image.message).Get());
+		png_image_free(&Image);
+		return false;
+	}
+	return true;
+}
+
+bool FRenderFrame::LoadPng(const FString& Path)
+{
+	png_image Image;
+	std::memset(&Image, 0, sizeof(Image));
+	Image.version = PNG_IMAGE_VERSION;
+	if (!png_image_begin_read_from_file(&Image, FTCHARToUTF8(*Path).Get()))
+	{
+		UE_LOG(LogRender, Error, TEXT("Cannot read %s: %s"), *Path, FUTF8ToTCHAR(Image.message).Get());
+		return false;
+	}
+	Image.format = PNG_FORMAT_RGBA;
+	std::vector<uint8> Read(PNG_IMAGE_SIZE(Image));
+	if (!png_image_finish_read(&Image, nullptr, Read.data(), 0, nullptr))
+	{
+		UE_LOG(LogRender, Error, TEXT("Cannot read %s: %s"), *Path, FUTF8ToTCHAR(Image.message).Get());
+		png_image_free(&Image);
+		return false;
+	}
+	Width = static_cast<int32>(Image.width);
+	Height = static_cast<int32>(Image.height);
+	Pixels = std::move(Read);
+	return true;
+}
