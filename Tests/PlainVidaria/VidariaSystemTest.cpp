@@ -7,8 +7,10 @@
 #include "Components/Button.h"
 #include "Components/CheckBox.h"
 #include "Components/Image.h"
+#include "Components/Slider.h"
 #include "Components/TextBlock.h"
 #include "Engine/OnScreenMessage.h"
+#include "PlainSampleMedia.h"
 #include "UI_Marquel.h"
 #include "UI_MarquelBar.h"
 #include "Vidaria/UI_VolumeProgress.h"
@@ -253,4 +255,41 @@ TEST(LessonPlayerUrls, AnySchemeAnywhereInAnyCaseCountsAsNetwork)
 	EXPECT_FALSE(Probe->IsNetURL(TEXT("http:/broken")));
 	EXPECT_FALSE(Probe->IsNetURL(TEXT("scripted://clip")));
 	EXPECT_FALSE(Probe->IsNetURL(FString()));
+}
+
+using LessonPlayerEndToEnd = FVidariaSystemFixture;
+
+// The whole road of a video on the real decoder: the sample lesson (4 s) opens, plays, is paused
+// by a click, seeked by a drag of the timeline, plays to its end and tells the host.
+TEST_F(LessonPlayerEndToEnd, OpensPlaysPausesSeeksAndFinishesTheSampleLesson)
+{
+	ASSERT_TRUE(Show());
+	UVidariaFinishListener* Listener = NewObject<UVidariaFinishListener>();
+	Listener->AddToRoot();
+	Listener->Player = Player;
+	Widget->OnFinshPlayMovie.AddDynamic(Listener, &UVidariaFinishListener::HandleFinished);
+
+	Widget->PlayMediaByLocal(TEXT(PLAIN_SAMPLE_MEDIA_DIR "/lesson.mp4"));
+	ASSERT_TRUE(App.WaitUntil([this] { return Player->IsPlaying(); })) << "the sample lesson did not start";
+	App.TickSeconds(1.0);
+	EXPECT_NEAR(Player->GetTime().GetTotalSeconds(), 1.0, 0.1);
+
+	App.ClickWidget(Widget, TEXT("PauseButton"));
+	ASSERT_TRUE(App.WaitUntil([this] { return Player->IsPaused(); })) << "a click on the picture did not pause";
+	const FTimespan PausedAt = Player->GetTime();
+	App.TickSeconds(0.5);
+	EXPECT_EQ(Player->GetTime(), PausedAt);
+
+	// As a viewer does: the pointer travels to the timeline, the bar rises, then the drag.
+	USlider* Timeline = Child<USlider>(TEXT("MovieProgress"));
+	App.MovePointerOver(Timeline);
+	App.TickSeconds(0.5);
+	App.DragSlider(Widget, TEXT("MovieProgress"), Timeline->GetValue(), 0.75f);
+	ASSERT_TRUE(App.WaitUntil([this] { return Player->IsPlaying(); })) << "the drag did not end in playback";
+	EXPECT_GE(Player->GetTime().GetTotalSeconds(), 2.9);
+
+	ASSERT_TRUE(App.WaitUntil([Listener] { return Listener->Calls > 0; })) << "the end never came";
+	EXPECT_EQ(Listener->Calls, 1);
+	EXPECT_TRUE(Widget->IsClose());
+	Listener->RemoveFromRoot();
 }

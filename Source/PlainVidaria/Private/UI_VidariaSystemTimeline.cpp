@@ -51,6 +51,7 @@ void UUI_VidariaSystem::NativeTick(const FGeometry& MyGeometry, float InDeltaTim
 		// The clock shows the playback time, never the position being dragged.
 		PlayTimeText->SetText(FText::FromString(MakeClockText(MediaPlayer->GetTime().GetTicks(), MediaPlayer->GetDuration().GetTicks())));
 	}
+	TickControlBar(InDeltaTime);
 }
 
 void UUI_VidariaSystem::OnMediaProgressMouseCaptureBegin()

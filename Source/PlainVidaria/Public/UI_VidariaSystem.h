@@ -189,6 +189,12 @@ protected:
 	int32 GetPlaylistPreviousIndex();
 	/** The URL of the playlist entry at InIndex, or empty. */
 	FString GetPlaylistUrl(int32 InIndex);
+	/** The common road of Next and Previous: empties the comments, tells the host, then opens or holds back InTargetIndex. */
+	void StepPlaylist(int32 InTargetIndex);
+	/** The end of each frame: counts the bar down and plays "CloseBar" once the countdown has run out. */
+	void TickControlBar(float InDeltaTime);
+	/** Plays InAnimation once from the start, forward, at normal speed, as every animation of the player runs. */
+	void PlayOnce(UWidgetAnimation* InAnimation);
 
 private:
 	/** The buffered part of the video. */

@@ -1,6 +1,7 @@
 #include "Vidaria/UI_VolumeButton.h"
 
 #include "Components/CheckBox.h"
+#include "UI_VidariaSystem.h"
 
 void UUI_VolumeButton::NativeConstruct()
 {
@@ -11,6 +12,11 @@ void UUI_VolumeButton::NativeConstruct()
 void UUI_VolumeButton::NativeOnMouseEnter(const FGeometry& InGeometry, const FPointerEvent& InMouseEvent)
 {
 	Super::NativeOnMouseEnter(InGeometry, InMouseEvent);
+	// The board opens from the button, and closes only when the pointer leaves the board itself.
+	if (UUI_VidariaSystem* Player = GetParentWidget<UUI_VidariaSystem>())
+	{
+		Player->OpenVolumeAnim();
+	}
 }
 
 void UUI_VolumeButton::NativeOnMouseLeave(const FPointerEvent& InMouseEvent)
@@ -20,4 +26,20 @@ void UUI_VolumeButton::NativeOnMouseLeave(const FPointerEvent& InMouseEvent)
 
 void UUI_VolumeButton::ClickedCheckBoxVolume(bool ClickedWidget)
 {
+	UUI_VidariaSystem* Player = GetParentWidget<UUI_VidariaSystem>();
+	if (!Player)
+	{
+		return;
+	}
+	Player->ClickedCheckBoxVolume(ClickedWidget);
+	// Only the multiplier is remembered: the board keeps showing the level it had before the mute.
+	if (ClickedWidget)
+	{
+		SavedVolumeMultiplier = Player->GetVolumeMultiplier();
+		Player->SetVolumeMultiplier(0.0f);
+	}
+	else
+	{
+		Player->SetVolumeMultiplier(SavedVolumeMultiplier);
+	}
 }

@@ -2,6 +2,7 @@
 
 #include "Components/Slider.h"
 #include "Components/TextBlock.h"
+#include "UI_VidariaSystem.h"
 
 void UUI_VolumeProgress::NativeConstruct()
 {
@@ -25,8 +26,18 @@ void UUI_VolumeProgress::NativeOnMouseEnter(const FGeometry& InGeometry, const F
 void UUI_VolumeProgress::NativeOnMouseLeave(const FPointerEvent& InMouseEvent)
 {
 	Super::NativeOnMouseLeave(InMouseEvent);
+	if (UUI_VidariaSystem* Player = GetParentWidget<UUI_VidariaSystem>())
+	{
+		Player->CloseVolumeAnim();
+	}
 }
 
 void UUI_VolumeProgress::ChangedVolumeValue(float InValue)
 {
+	// The number follows the slider even before a parent is set; the sound only through the player.
+	SetChangedVolumeValue(InValue);
+	if (UUI_VidariaSystem* Player = GetParentWidget<UUI_VidariaSystem>())
+	{
+		Player->ChangedVolumeValue(InValue);
+	}
 }
