@@ -1,13 +1,13 @@
-// Reading comment documents: FJsonSerializer::Deserialize (text to FJsonObject tree) against the
-// library's own parse of the same text with a handler that keeps nothing, and the memory a
-// 100 MB document needs beyond its tree. Run from a release build; see docs/json.md for figures.
+// Reading comment documents: FJsonSerializer::Deserialize (text to FJsonObject tree; compare with
+// BM_RapidJsonSaxWide, the library's own parse of the same text, in JsonLibraryBenchmark.cpp), and
+// the memory a 100 MB document needs beyond its tree. Run from a release build; see docs/json.md for figures.
 
+#include "CommentDocument.h"
 #include "Dom/JsonObject.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 
 #include <benchmark/benchmark.h>
-#include <rapidjson/reader.h>
 
 #include <fstream>
 #include <malloc.h>
@@ -15,27 +15,6 @@
 
 namespace
 {
-	// A comment document of Count records in the form the player reads.
-	FString MakeCommentDocument(int32 Count)
-	{
-		FString Text = TEXT("{ \"datas\": [");
-		for (int32 Index = 0; Index < Count; ++Index)
-		{
-			Text += FString::Printf(TEXT("%s{ \"id\": %d, \"post_id\": 7, \"bullet_chat_author_id\": %d, \"bullet_chat_author\": \"Ann%d\", ")
-				TEXT("\"bullet_chat_date\": \"2024.05.01-12.00.00\", \"time\": \"00:%02d:%02d\", \"bullet_chat_content\": \"Hello 你好 %d\", ")
-				TEXT("\"fabulous\": %d }"),
-				Index > 0 ? TEXT(", ") : TEXT(""), Index + 1, Index % 1000, Index % 37, (Index / 60) % 60, Index % 60, Index, Index % 50);
-		}
-		Text += TEXT("] }");
-		return Text;
-	}
-
-	const FString& HundredThousandRecords()
-	{
-		static const FString Text = MakeCommentDocument(100000);
-		return Text;
-	}
-
 	// One field of /proc/self/status in kB (VmRSS, VmHWM), or -1.
 	long ReadStatusKb(const char* Field)
 	{
@@ -62,7 +41,7 @@ namespace
 // file does; freeing the tree is outside the timing too.
 static void BM_DeserializeCommentDocument(benchmark::State& State)
 {
-	const FString& Text = HundredThousandRecords();
+	const FString& Text = JsonBench::HundredThousandRecords();
 	for (auto _ : State)
 	{
 		State.PauseTiming();
@@ -85,25 +64,6 @@ static void BM_DeserializeCommentDocument(benchmark::State& State)
 // The warm-up takes the first touch of fresh heap pages, slow on a virtual machine, out of the figure.
 BENCHMARK(BM_DeserializeCommentDocument)->Unit(benchmark::kMillisecond)->MinWarmUpTime(2.0)->MinTime(2.0);
 
-// The library alone: the same wide text, the same reader, a handler that keeps nothing.
-static void BM_LibraryParseOnly(benchmark::State& State)
-{
-	using FEncoding = rapidjson::UTF32<TCHAR>;
-	const FString& Text = HundredThousandRecords();
-	for (auto _ : State)
-	{
-		rapidjson::GenericReader<FEncoding, FEncoding> Reader;
-		rapidjson::GenericStringStream<FEncoding> Stream(*Text);
-		rapidjson::BaseReaderHandler<FEncoding> Handler;
-		if (Reader.Parse<rapidjson::kParseDefaultFlags>(Stream, Handler).IsError())
-		{
-			State.SkipWithError("document not read");
-		}
-	}
-	State.SetBytesProcessed(State.iterations() * int64(Text.Len()));
-}
-BENCHMARK(BM_LibraryParseOnly)->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
-
 // A document of about 100 MB of UTF-8 (470,000 records; four times that as TCHAR text). Tree_MB
 // is the heap the tree holds once read; Peak_MB is how far the resident size rose above text
 // and program during the read; Transient_MB, the difference, is the parser's own working memory,
@@ -114,7 +74,7 @@ static void BM_HundredMegabyteDocumentMemory(benchmark::State& State)
 	{
 		State.PauseTiming();
 		const double HeapBeforeMb = double(mallinfo2().uordblks + mallinfo2().hblkhd) / (1024.0 * 1024.0);
-		FString Text = MakeCommentDocument(470000);
+		FString Text = JsonBench::MakeCommentDocument(470000);
 		const double TextMb = double(Text.Len()) * sizeof(TCHAR) / (1024.0 * 1024.0);
 		malloc_trim(0);
 		const double ResidentBeforeMb = double(ReadStatusKb("VmRSS:")) / 1024.0;

@@ -17,7 +17,7 @@
 #include <benchmark/benchmark.h>
 #include <rapidjson/reader.h>
 
-#include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <unistd.h>
 
@@ -91,16 +91,21 @@ namespace
 		UBulletChatTrackManager* Manager = nullptr;
 	};
 
+	// CPU seconds of this thread: the machine is shared, and wall time would mostly measure the
+	// other builds on it. Page faults count, as they are work the ingest causes.
 	double SecondsOf(TFunctionRef<void()> Work)
 	{
-		const auto Start = std::chrono::steady_clock::now();
+		timespec Start{}, End{};
+		clock_gettime(CLOCK_THREAD_CPUTIME_ID, &Start);
 		Work();
-		return std::chrono::duration<double>(std::chrono::steady_clock::now() - Start).count();
+		clock_gettime(CLOCK_THREAD_CPUTIME_ID, &End);
+		return double(End.tv_sec - Start.tv_sec) + double(End.tv_nsec - Start.tv_nsec) * 1e-9;
 	}
 }
 
-// RawRatio is the library's bare parse time over ResetDatas' time: 1.0 would mean taking the
-// comments in costs no more than reading the text once.
+// RawRatio is the library's bare parse time over ResetDatas' time, both the best of their runs in
+// CPU time: 1.0 would mean taking the comments in costs no more than reading the text once.
+// Ingest_ms and Raw_ms are those two times.
 static void BM_ResetDatasHundredThousandRecords(benchmark::State& State)
 {
 	FOverlayBench Bench;
@@ -122,6 +127,8 @@ static void BM_ResetDatasHundredThousandRecords(benchmark::State& State)
 		BestSeconds = FMath::Min(BestSeconds, SecondsOf([&] { Bench.Overlay->ResetDatas(Text); }));
 	}
 	State.counters["RawRatio"] = RawSeconds / BestSeconds;
+	State.counters["Ingest_ms"] = BestSeconds * 1000.0;
+	State.counters["Raw_ms"] = RawSeconds * 1000.0;
 	State.SetBytesProcessed(State.iterations() * int64(Text.Len()));
 }
 BENCHMARK(BM_ResetDatasHundredThousandRecords)->Unit(benchmark::kMillisecond)->MinTime(2.0);

@@ -189,6 +189,51 @@ TEST(JsonNumbers, ReadAsDoublesAndRoundToWholeNumbersOnRequest)
 	EXPECT_TRUE(Object->TryGetNumberField(TEXT("c"), Int32) && Int32 == 12) << "a numeric string reads as a number";
 }
 
+TEST(JsonNumbers, WholeNumbersOfEveryLengthReadExactly)
+{
+	TArray<TSharedPtr<FJsonValue>> Numbers;
+	ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(
+		TEXT("[-0, 0, 9, -123, 999999999999999, -999999999999999, 9007199254740993, 12345678901234567, 10.0, 1e2]")), Numbers));
+	ASSERT_EQ(Numbers.Num(), 10);
+	EXPECT_TRUE(std::signbit(Numbers[0]->AsNumber())) << "-0 keeps its sign";
+	EXPECT_FALSE(std::signbit(Numbers[1]->AsNumber()));
+	EXPECT_EQ(Numbers[2]->AsNumber(), 9.0);
+	EXPECT_EQ(Numbers[3]->AsNumber(), -123.0);
+	EXPECT_EQ(Numbers[4]->AsNumber(), 999999999999999.0);
+	EXPECT_EQ(Numbers[5]->AsNumber(), -999999999999999.0);
+	EXPECT_EQ(Numbers[6]->AsNumber(), 9007199254740992.0) << "past 2^53 the nearest double, ties to even";
+	EXPECT_EQ(Numbers[7]->AsNumber(), 12345678901234568.0);
+	EXPECT_EQ(Numbers[8]->AsNumber(), 10.0);
+	EXPECT_EQ(Numbers[9]->AsNumber(), 100.0);
+}
+
+TEST(JsonReader, AViewIsReadInPlaceAndOnlyUpToItsEnd)
+{
+	// The view stops before text that would make the document invalid, and it has no terminator.
+	const FString Text = TEXT("{\"a\": \"x\\ny\", \"b\": [1, \"plain\"]} trailing");
+	const FStringView Document(*Text, Text.Find(TEXT(" trailing")));
+	TSharedPtr<FJsonObject> Object;
+	ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::CreateFromView(Document), Object));
+	EXPECT_TRUE(Object->GetStringField(TEXT("a")).Equals(TEXT("x\ny")));
+	EXPECT_TRUE(Object->GetArrayField(TEXT("b"))[1]->AsString().Equals(TEXT("plain")));
+	EXPECT_TRUE(Text.Equals(TEXT("{\"a\": \"x\\ny\", \"b\": [1, \"plain\"]} trailing"))) << "the text is never written to";
+
+	// Cut inside a string, the view must not be read past its end.
+	TSharedPtr<FJsonObject> Cut;
+	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<>::CreateFromView(FStringView(*Text, 9));
+	EXPECT_FALSE(FJsonSerializer::Deserialize(Reader, Cut));
+	EXPECT_FALSE(Reader->GetErrorMessage().IsEmpty());
+
+	// A code unit that is no character, met before and after an escape, reads as U+FFFD.
+	FString Bad = TEXT("[\"a?b\\tc?\"]");
+	Bad[3] = static_cast<TCHAR>(0xD800);
+	Bad[8] = static_cast<TCHAR>(0x110000);
+	TArray<TSharedPtr<FJsonValue>> Strings;
+	ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::CreateFromView(Bad), Strings));
+	const FString Replacement = FString::Chr(static_cast<TCHAR>(0xFFFD));
+	EXPECT_TRUE(Strings[0]->AsString().Equals(TEXT("a") + Replacement + TEXT("b\tc") + Replacement));
+}
+
 TEST(JsonStrings, EscapesAndNonAsciiTextArriveAsCodePoints)
 {
 	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"plain\": \"Hello 你好\", \"escaped\": \"\\u4f60\\u597D\", ")

@@ -34,6 +34,12 @@ TSharedPtr<FJsonValue> FJsonObject::GetFieldOfType(const FString& FieldName, EJs
 	return TSharedPtr<FJsonValue>(MakeShared<FJsonValueNull>());
 }
 
+const TSharedPtr<FJsonValue>* FJsonObject::FindFieldOfType(const FString& FieldName, EJson JsonType) const
+{
+	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	return Field != nullptr && Field->IsValid() && (JsonType == EJson::None || (*Field)->Type == JsonType) ? Field : nullptr;
+}
+
 bool FJsonObject::HasFieldOfType(const FString& FieldName, EJson JsonType) const
 {
 	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
@@ -62,9 +68,12 @@ void FJsonObject::RemoveField(const FString& FieldName)
 	Values.Remove(FieldName);
 }
 
+// The getters read a present field in place; only a missing or mistyped one goes through
+// GetFieldOfType, for its warning and the Null value's own.
 double FJsonObject::GetNumberField(const FString& FieldName) const
 {
-	return GetFieldOfType(FieldName, EJson::None)->AsNumber();
+	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
+	return Field ? (*Field)->AsNumber() : GetFieldOfType(FieldName, EJson::None)->AsNumber();
 }
 
 int32 FJsonObject::GetIntegerField(const FString& FieldName) const
@@ -82,7 +91,8 @@ int32 FJsonObject::GetIntegerField(const FString& FieldName) const
 
 FString FJsonObject::GetStringField(const FString& FieldName) const
 {
-	return GetFieldOfType(FieldName, EJson::None)->AsString();
+	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
+	return Field ? (*Field)->AsString() : GetFieldOfType(FieldName, EJson::None)->AsString();
 }
 
 bool FJsonObject::GetBoolField(const FString& FieldName) const

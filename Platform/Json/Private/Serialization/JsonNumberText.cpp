@@ -113,6 +113,23 @@ namespace UE::Json::Private
 
 	double ConvertJsonNumber(const TCHAR* Text, int32 Length)
 	{
+		// Most numbers in documents are small whole numbers (ids, counts): up to 15 digits they
+		// are exact as a double, so they need no general conversion.
+		const bool bNegative = Length > 0 && Text[0] == TEXT('-');
+		if (Length - int32(bNegative) > 0 && Length - int32(bNegative) <= 15)
+		{
+			int64 Whole = 0;
+			int32 Index = int32(bNegative);
+			for (; Index < Length && IsDigit(Text[Index]); ++Index)
+			{
+				Whole = Whole * 10 + (Text[Index] - TEXT('0'));
+			}
+			if (Index == Length)
+			{
+				// -0 keeps its sign, as the general conversion gives it.
+				return bNegative ? -static_cast<double>(Whole) : static_cast<double>(Whole);
+			}
+		}
 		// Tokens are ASCII; a short one is narrowed on the stack, as almost every number is short.
 		char Small[64];
 		std::string Large;

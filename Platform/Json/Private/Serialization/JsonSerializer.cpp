@@ -7,7 +7,7 @@ namespace
 {
 	using UE::Json::Private::EJsonRoot;
 
-	bool ReadDocument(const FString& Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError)
+	bool ReadDocument(FStringView Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError)
 	{
 		OutError.Reset();
 		if (!UE::Json::Private::ParseJsonText(Text, AllowedRoot, OutRoot, OutError))

@@ -18,7 +18,7 @@ namespace UE::Json::Private
 		// For repaired text only, where Infinity stands for a number past double's range.
 		constexpr unsigned RepairedFlags = StrictFlags | rapidjson::kParseNanAndInfFlag;
 
-		bool RootIsAllowed(const FString& Text, EJsonRoot AllowedRoot)
+		bool RootIsAllowed(FStringView Text, EJsonRoot AllowedRoot)
 		{
 			for (const TCHAR Char : Text)
 			{
@@ -44,7 +44,7 @@ namespace UE::Json::Private
 			}
 		}
 
-		FString DescribePosition(const FString& Text, size_t Offset)
+		FString DescribePosition(FStringView Text, size_t Offset)
 		{
 			int32 Line = 1;
 			int32 Column = 1;
@@ -59,11 +59,11 @@ namespace UE::Json::Private
 
 		// One pass of the reader over Text; on failure OutError is set and OutCode says why.
 		template<unsigned Flags>
-		bool ReadOnce(const FString& Text, TSharedPtr<FJsonValue>& OutRoot, FString& OutError, rapidjson::ParseErrorCode& OutCode)
+		bool ReadOnce(FStringView Text, TSharedPtr<FJsonValue>& OutRoot, FString& OutError, rapidjson::ParseErrorCode& OutCode)
 		{
-			std::vector<TCHAR> Decoded;
-			FTextStream Stream(*Text, Decoded);
-			FTreeBuilder Builder(Decoded, FJsonSerializer::MaxDepth);
+			FStringScratch Scratch;
+			FTextStream Stream(Text.GetData(), Text.GetData() + Text.Len(), Scratch);
+			FTreeBuilder Builder(Scratch, FJsonSerializer::MaxDepth);
 			rapidjson::GenericReader<FTextEncoding, FTextEncoding> Reader;
 			const rapidjson::ParseResult Result = Reader.Parse<Flags>(Stream, Builder);
 			OutCode = Result.Code();
@@ -75,7 +75,7 @@ namespace UE::Json::Private
 				OutError = What + DescribePosition(Text, Result.Offset());
 				return false;
 			}
-			// The reader stops at a NUL; one inside the string would hide whatever follows it.
+			// The reader stops at a NUL; one inside the text would hide whatever follows it.
 			if (Stream.Tell() != static_cast<size_t>(Text.Len()))
 			{
 				OutError = FString(TEXT("The document root must not be followed by other values.")) + DescribePosition(Text, Stream.Tell());
@@ -86,7 +86,7 @@ namespace UE::Json::Private
 		}
 	}
 
-	bool ParseJsonText(const FString& Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError)
+	bool ParseJsonText(FStringView Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError)
 	{
 		if (!RootIsAllowed(Text, AllowedRoot))
 		{
@@ -105,12 +105,12 @@ namespace UE::Json::Private
 			return false;
 		}
 		FString Repaired;
-		if (!RepairJsonText(Text, Repaired))
+		if (!RepairJsonText(FString(Text.Len(), Text.GetData()), Repaired))
 		{
 			return false;
 		}
 		FString RepairedError;
-		if (!ReadOnce<RepairedFlags>(Repaired, OutRoot, RepairedError, Code))
+		if (!ReadOnce<RepairedFlags>(FStringView(Repaired), OutRoot, RepairedError, Code))
 		{
 			// Whatever else is wrong; positions are near enough, as only numbers were respelled.
 			OutError = MoveTemp(RepairedError);

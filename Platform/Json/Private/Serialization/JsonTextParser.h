@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Containers/StringView.h"
 #include "Templates/SharedPointer.h"
 
 class FJsonValue;
@@ -21,5 +22,5 @@ namespace UE::Json::Private
 	 * with OutError saying what is wrong and where ("... Line: 2 Ch: 7"). Containers nested deeper
 	 * than FJsonSerializer::MaxDepth are refused before the reader descends into them.
 	 */
-	bool ParseJsonText(const FString& Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError);
+	bool ParseJsonText(FStringView Text, EJsonRoot AllowedRoot, TSharedPtr<FJsonValue>& OutRoot, FString& OutError);
 }

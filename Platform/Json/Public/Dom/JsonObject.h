@@ -67,5 +67,7 @@ public:
 
 private:
 	TSharedPtr<FJsonValue> GetFieldOfType(const FString& FieldName, EJson JsonType) const;
+	/** The field if it exists and is of JsonType (None: any kind), else null; never logs, never copies. */
+	const TSharedPtr<FJsonValue>* FindFieldOfType(const FString& FieldName, EJson JsonType) const;
 	bool HasFieldOfType(const FString& FieldName, EJson JsonType) const;
 };

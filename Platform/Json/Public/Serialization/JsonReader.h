@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Containers/StringView.h"
 #include "Templates/SharedPointer.h"
 
 class FJsonSerializer;
@@ -28,10 +29,13 @@ private:
 	friend class FJsonSerializer;
 	friend class TJsonReaderFactory<TCHAR>;
 
-	explicit TJsonReader(FString&& InText) : Text(MoveTemp(InText)) {}
+	explicit TJsonReader(FString&& InText) : OwnedText(MoveTemp(InText)), Text(OwnedText) {}
+	explicit TJsonReader(FStringView InText) : Text(InText) {}
 
-	// The whole document.
-	FString Text;
+	// The document when the reader holds its own copy; empty for a reader over a view.
+	FString OwnedText;
+	// The whole document: OwnedText, or the caller's characters.
+	FStringView Text;
 	// Set by FJsonSerializer when the text is refused.
 	FString ErrorMessage;
 };
@@ -50,5 +54,14 @@ public:
 	static TSharedRef<TJsonReader<TCHAR>> Create(FString&& JsonString)
 	{
 		return TSharedRef<TJsonReader<TCHAR>>(new TJsonReader<TCHAR>(MoveTemp(JsonString)));
+	}
+
+	/**
+	 * Reads the caller's characters in place, with no copy: the way to read text one already holds.
+	 * The text must stay alive and unchanged until the reader has been used.
+	 */
+	static TSharedRef<TJsonReader<TCHAR>> CreateFromView(FStringView JsonString)
+	{
+		return TSharedRef<TJsonReader<TCHAR>>(new TJsonReader<TCHAR>(JsonString));
 	}
 };

@@ -18,11 +18,31 @@ namespace
 		return static_cast<int32>(Value >= Highest ? Highest : (Value <= Lowest ? Lowest : Value));
 	}
 
-	// The text parsed as one JSON value; null when it is no JSON or its root is neither object nor array.
+	// The record keys as strings, made once: a document repeats them for every record.
+	struct FRecordKeys
+	{
+		const FString Id = TEXT("id");
+		const FString PostId = TEXT("post_id");
+		const FString AuthorId = TEXT("bullet_chat_author_id");
+		const FString Author = TEXT("bullet_chat_author");
+		const FString Date = TEXT("bullet_chat_date");
+		const FString Time = TEXT("time");
+		const FString Content = TEXT("bullet_chat_content");
+		const FString Fabulous = TEXT("fabulous");
+	};
+
+	const FRecordKeys& Keys()
+	{
+		static const FRecordKeys RecordKeys;
+		return RecordKeys;
+	}
+
+	// The text parsed as one JSON value; null when it is no JSON or its root is neither object nor
+	// array. Read in place: a full document can run to tens of megabytes, and Text outlives the read.
 	TSharedPtr<FJsonObject> ParseRootObject(const FString& Text)
 	{
 		TSharedPtr<FJsonValue> Root;
-		if (!FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(Text), Root) || !Root.IsValid())
+		if (!FJsonSerializer::Deserialize(TJsonReaderFactory<>::CreateFromView(Text), Root) || !Root.IsValid())
 		{
 			return nullptr;
 		}
@@ -32,16 +52,17 @@ namespace
 
 FBulletChatData FBulletChatDocument::ReadRecord(const FJsonObject& Object)
 {
+	const FRecordKeys& Keys = ::Keys();
 	FBulletChatData Record;
-	Record.ID = ToRecordInteger(Object.GetNumberField(TEXT("id")));
-	Record.PostID = ToRecordInteger(Object.GetNumberField(TEXT("post_id")));
-	Record.AuthorID = ToRecordInteger(Object.GetNumberField(TEXT("bullet_chat_author_id")));
-	Record.Author = Object.GetStringField(TEXT("bullet_chat_author"));
+	Record.ID = ToRecordInteger(Object.GetNumberField(Keys.Id));
+	Record.PostID = ToRecordInteger(Object.GetNumberField(Keys.PostId));
+	Record.AuthorID = ToRecordInteger(Object.GetNumberField(Keys.AuthorId));
+	Record.Author = Object.GetStringField(Keys.Author);
 	// A date or time that does not parse leaves the field at zero; such a record still counts.
-	FDateTime::Parse(Object.GetStringField(TEXT("bullet_chat_date")), Record.Date);
-	FTimespan::Parse(Object.GetStringField(TEXT("time")), Record.Time);
-	Record.Content = Object.GetStringField(TEXT("bullet_chat_content"));
-	Record.Fabulous = ToRecordInteger(Object.GetNumberField(TEXT("fabulous")));
+	FDateTime::Parse(Object.GetStringField(Keys.Date), Record.Date);
+	FTimespan::Parse(Object.GetStringField(Keys.Time), Record.Time);
+	Record.Content = Object.GetStringField(Keys.Content);
+	Record.Fabulous = ToRecordInteger(Object.GetNumberField(Keys.Fabulous));
 	return Record;
 }
 
@@ -52,11 +73,16 @@ void FBulletChatDocument::ReadDocument(const FString& Text, TFunctionRef<void(co
 	{
 		return;
 	}
-	// A copy of the entry pointers, so that the walk does not depend on the tree staying as it is.
-	const TArray<TSharedPtr<FJsonValue>> Entries = Root->GetArrayField(TEXT("datas"));
+	// The tree is this function's alone and nothing changes it during the walk, so the entries are
+	// read where they stand, without copying a hundred thousand shared pointers.
+	const TArray<TSharedPtr<FJsonValue>>& Entries = Root->GetArrayField(TEXT("datas"));
 	for (const TSharedPtr<FJsonValue>& Entry : Entries)
 	{
-		const TSharedPtr<FJsonObject> RecordObject = Entry.IsValid() ? Entry->AsObject() : nullptr;
+		if (!Entry.IsValid())
+		{
+			continue;
+		}
+		const TSharedPtr<FJsonObject>& RecordObject = Entry->AsObject();
 		if (!RecordObject.IsValid())
 		{
 			continue;
