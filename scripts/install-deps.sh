@@ -5,11 +5,12 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libsimdjson-dev
   rapidjson-dev
   libfreetype-dev fonts-noto-cjk fonts-dejavu-core
   libpng-dev
   libavformat-dev libavcodec-dev libswscale-dev libswresample-dev libavutil-dev ffmpeg
+  libsdl2-dev xvfb xdotool
 )
 
 missing=()

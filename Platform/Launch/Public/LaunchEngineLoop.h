@@ -14,6 +14,7 @@
 
 #include "CoreMinimal.h"
 #include "Templates/Function.h"
+#include "Engine/World.h"
 #include "UObject/WeakObjectPtrTemplates.h"
 
 class FWidgetViewport;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 namespace
@@ -145,6 +146,32 @@ void FFramePainter::DrawPicture(const FPaintRect& Rect, const FMediaTextureSampl
 		return;
 	}
 
+	uint8* Data = Frame.GetData();
+	const int32 Stride = Frame.GetStride();
+	// A video shown at its own size with no tint, as a full-screen lesson is, needs no filtering:
+	// its opaque texels are copied as they are, which is most of a frame's drawing otherwise.
+	const bool bOneToOne = Sample.Width == Rect.Right - Rect.Left && Sample.Height == Rect.Bottom - Rect.Top;
+	if (bOneToOne && AlphaMul == 256 && TintBytes.R == 255 && TintBytes.G == 255 && TintBytes.B == 255)
+	{
+		for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
+		{
+			const uint8* In = Sample.Pixels + static_cast<size_t>(Y - Rect.Top) * static_cast<size_t>(Sample.Stride) + static_cast<size_t>(Area.Left - Rect.Left) * 4u;
+			uint8* Out = Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride) + static_cast<size_t>(Area.Left) * 4u;
+			for (int32 X = Area.Left; X < Area.Right; ++X, In += 4, Out += 4)
+			{
+				if (In[3] == 255)
+				{
+					std::memcpy(Out, In, 4);
+				}
+				else
+				{
+					BlendTexel(Out, In[0], In[1], In[2], In[3]);
+				}
+			}
+		}
+		return;
+	}
+
 	// Pixel centres map to texel centres; weights are 8-bit fixed point. Columns are computed
 	// once per draw, not per pixel.
 	const double ScaleX = static_cast<double>(Sample.Width) / std::max(1, Rect.Right - Rect.Left);
@@ -166,8 +193,6 @@ void FFramePainter::DrawPicture(const FPaintRect& Rect, const FMediaTextureSampl
 	{
 		Columns[static_cast<size_t>(X - Area.Left)] = MakeTap((X - Rect.Left + 0.5) * ScaleX - 0.5, Sample.Width);
 	}
-	uint8* Data = Frame.GetData();
-	const int32 Stride = Frame.GetStride();
 	for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
 	{
 		const FTap Row = MakeTap((Y - Rect.Top + 0.5) * ScaleY - 0.5, Sample.Height);

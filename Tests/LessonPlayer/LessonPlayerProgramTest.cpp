@@ -1,0 +1,167 @@
+// vidaria-player as a user runs it: a recording read back, bad input told in one line, and the
+// window under a private X server, clicked by xdotool.
+
+#include "LessonPlayerPaths.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <thread>
+
+namespace
+{
+	namespace fs = std::filesystem;
+
+	struct FProgramRun
+	{
+		int ExitCode = -1;
+		std::string Errors;
+	};
+
+	std::string Quote(const std::string& Text)
+	{
+		std::string Quoted = "'";
+		for (char Char : Text)
+		{
+			Quoted += Char == '\'' ? std::string("'\\''") : std::string(1, Char);
+		}
+		return Quoted + "'";
+	}
+
+	std::string ReadAll(const fs::path& Path)
+	{
+		std::ifstream Stream(Path);
+		std::stringstream Buffer;
+		Buffer << Stream.rdbuf();
+		return Buffer.str();
+	}
+
+	/** A scratch folder of the test's own, removed at the end. */
+	class FScratch
+	{
+	public:
+		FScratch()
+		{
+			const ::testing::TestInfo* Info = ::testing::UnitTest::GetInstance()->current_test_info();
+			Path = fs::temp_directory_path() / (std::string("vidaria-player-") + Info->name() + "-" + std::to_string(::getpid()));
+			fs::remove_all(Path);
+			fs::create_directories(Path);
+		}
+		~FScratch() { fs::remove_all(Path); }
+		fs::path Path;
+	};
+
+	/** Runs the program with Arguments (already quoted) and Environment ("NAME=value ..."); stderr kept. */
+	FProgramRun RunProgram(const FScratch& Scratch, const std::string& Arguments, const std::string& Environment = "")
+	{
+		const fs::path ErrorsFile = Scratch.Path / "stderr.txt";
+		// The log is on for the program whatever the test run asked, as the tests read its lines.
+	const std::string Command = "PLAIN_LOG_QUIET=0 " + Environment + " " + Quote(LESSON_PLAYER_PROGRAM) + " " + Arguments + " >/dev/null 2>" + Quote(ErrorsFile.string());
+		const int Status = std::system(Command.c_str());
+		FProgramRun Run;
+		Run.ExitCode = WIFEXITED(Status) ? WEXITSTATUS(Status) : -1;
+		Run.Errors = ReadAll(ErrorsFile);
+		return Run;
+	}
+
+	std::string SampleLesson()
+	{
+		return Quote(TCHAR_TO_UTF8(*LessonPlayerPaths::DefaultLesson()));
+	}
+
+	/** What ffprobe says of one entry of a media file, e.g. "format=duration". */
+	std::string Probe(const fs::path& File, const std::string& Entries, const std::string& Streams = "")
+	{
+		const std::string Command = "ffprobe -v error " + Streams + " -show_entries " + Entries + " -of csv=p=0 " + Quote(File.string());
+		std::string Output;
+		if (FILE* Pipe = popen(Command.c_str(), "r"))
+		{
+			char Buffer[256];
+			while (fgets(Buffer, sizeof(Buffer), Pipe))
+			{
+				Output += Buffer;
+			}
+			pclose(Pipe);
+		}
+		return Output;
+	}
+} // namespace
+
+// A headless recording of two seconds is an MP4 of two seconds with a picture and a sound track.
+TEST(LessonPlayerProgram, RecordsAnMp4OfTheRequestedLength)
+{
+	FScratch Scratch;
+	const fs::path Movie = Scratch.Path / "lesson.mp4";
+	const FProgramRun Run = RunProgram(Scratch, SampleLesson() + " --headless --seconds 2 --record " + Quote(Movie.string()));
+	ASSERT_EQ(Run.ExitCode, 0) << Run.Errors;
+	EXPECT_NEAR(std::atof(Probe(Movie, "format=duration").c_str()), 2.0, 0.1);
+	EXPECT_EQ(Probe(Movie, "stream=codec_type"), "video\naudio\n");
+	EXPECT_EQ(Probe(Movie, "stream=width,height", "-select_streams v:0"), "1280,720\n");
+}
+
+// Each bad input is one line naming the file and the reason; the run goes on with what can play.
+TEST(LessonPlayerProgram, TellsBadInputInOneLineAndPlaysWhatItCan)
+{
+	FScratch Scratch;
+	const FProgramRun Missing = RunProgram(Scratch, "--headless /no/such/lesson.mp4");
+	EXPECT_EQ(Missing.ExitCode, 1);
+	EXPECT_NE(Missing.Errors.find("vidaria-player: /no/such/lesson.mp4: no such file\n"), std::string::npos) << Missing.Errors;
+
+	const fs::path NotJson = Scratch.Path / "comments.json";
+	std::ofstream(NotJson) << "this is not { json";
+	const fs::path NotVideo = Scratch.Path / "notes.mp4";
+	std::ofstream(NotVideo) << "plain text, not a video";
+	const FProgramRun Partial = RunProgram(Scratch, Quote(NotVideo.string()) + " " + SampleLesson() + " --headless --seconds 1 --comments " + Quote(NotJson.string()));
+	EXPECT_EQ(Partial.ExitCode, 0) << Partial.Errors;
+	EXPECT_NE(Partial.Errors.find("comments.json: not a JSON document; playing without comments"), std::string::npos) << Partial.Errors;
+	EXPECT_NE(Partial.Errors.find("notes.mp4: cannot be played"), std::string::npos) << Partial.Errors;
+
+	const FProgramRun Wrong = RunProgram(Scratch, "--seconds soon");
+	EXPECT_EQ(Wrong.ExitCode, 2);
+	EXPECT_NE(Wrong.Errors.find("--seconds wants a positive number"), std::string::npos) << Wrong.Errors;
+}
+
+// In a real window (a private X server): a click on the picture pauses, and a screenshot is taken.
+TEST(LessonPlayerProgram, WindowTakesAClickAndAScreenshot)
+{
+	if (std::system("command -v Xvfb >/dev/null && command -v xdotool >/dev/null") != 0)
+	{
+		GTEST_SKIP() << "Xvfb and xdotool are needed (Debian: xvfb, xdotool)";
+	}
+	FScratch Scratch;
+	// A display number of this process's own, so parallel tests never share a server.
+	const std::string Display = ":" + std::to_string(100 + ::getpid() % 800);
+	const std::string Server = "Xvfb " + Display + " -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 & echo $!";
+	std::string ServerPid;
+	if (FILE* Pipe = popen(Server.c_str(), "r"))
+	{
+		char Buffer[64] = {};
+		fgets(Buffer, sizeof(Buffer), Pipe);
+		ServerPid = Buffer;
+		pclose(Pipe);
+	}
+	// The server takes a moment to accept clients, longer on a busy machine.
+	const std::string Ready = "DISPLAY=" + Display + " xdotool getmouselocation >/dev/null 2>&1";
+	for (int Attempt = 0; Attempt < 100 && std::system(Ready.c_str()) != 0; ++Attempt)
+	{
+		std::this_thread::sleep_for(std::chrono::milliseconds(100));
+	}
+
+	// The click comes once the window is mapped; the run lasts long enough for it and the screenshot.
+	const std::string Clicker = "(xdotool search --sync --onlyvisible --name vidaria-player >/dev/null && sleep 1 && xdotool mousemove 640 300 click 1) &";
+	const fs::path Shots = Scratch.Path / "shots";
+	const FProgramRun Run = RunProgram(Scratch, SampleLesson() + " --seconds 5 --screenshots " + Quote(Shots.string()) + " --every 4.5",
+		"DISPLAY=" + Display + " SDL_AUDIODRIVER=dummy sh -c " + Quote(Clicker + " exec \"$0\" \"$@\""));
+	std::system(("kill " + ServerPid + " 2>/dev/null").c_str());
+
+	ASSERT_EQ(Run.ExitCode, 0) << Run.Errors;
+	EXPECT_EQ(Run.Errors.find("running headless"), std::string::npos) << "the window did not open: " << Run.Errors;
+	EXPECT_NE(Run.Errors.find("Media player Pause"), std::string::npos) << "the click did not pause: " << Run.Errors;
+	EXPECT_TRUE(fs::exists(Shots / "screenshot-0001.png")) << Run.Errors;
+}
