@@ -61,8 +61,10 @@ namespace
 	FProgramRun RunProgram(const FScratch& Scratch, const std::string& Arguments, const std::string& Environment = "")
 	{
 		const fs::path ErrorsFile = Scratch.Path / "stderr.txt";
-		// The log is on for the program whatever the test run asked, as the tests read its lines.
-	const std::string Command = "PLAIN_LOG_QUIET=0 " + Environment + " " + Quote(LESSON_PLAYER_PROGRAM) + " " + Arguments + " >/dev/null 2>" + Quote(ErrorsFile.string());
+		// The log is on for the program whatever the test run asked, as the tests read its lines; under
+	// the sanitizers, the system libraries' own leaks are suppressed as for the window test.
+	const std::string Suppressions = Quote(std::string(PLAIN_TEST_SOURCE_DIR) + "/lsan.supp");
+	const std::string Command = "PLAIN_LOG_QUIET=0 LSAN_OPTIONS=suppressions=" + Suppressions + " " + Environment + " " + Quote(LESSON_PLAYER_PROGRAM) + " " + Arguments + " >/dev/null 2>" + Quote(ErrorsFile.string());
 		const int Status = std::system(Command.c_str());
 		FProgramRun Run;
 		Run.ExitCode = WIFEXITED(Status) ? WEXITSTATUS(Status) : -1;
