@@ -52,6 +52,9 @@ namespace
 			Path = fs::temp_directory_path() / (std::string("vidaria-player-") + Info->name() + "-" + std::to_string(::getpid()));
 			fs::remove_all(Path);
 			fs::create_directories(Path);
+			// The program's project: the real content, and settings of its own (see RunProgram).
+			fs::create_directories(Path / "project");
+			fs::create_directory_symlink(fs::path(PLAIN_TEST_SOURCE_DIR) / "../../Content", Path / "project" / "Content");
 		}
 		~FScratch() { fs::remove_all(Path); }
 		fs::path Path;
@@ -61,10 +64,12 @@ namespace
 	FProgramRun RunProgram(const FScratch& Scratch, const std::string& Arguments, const std::string& Environment = "")
 	{
 		const fs::path ErrorsFile = Scratch.Path / "stderr.txt";
-		// The log is on for the program whatever the test run asked, as the tests read its lines; under
-	// the sanitizers, the system libraries' own leaks are suppressed as for the window test.
+		// The log is on for the program whatever the test run asked, as the tests read its lines; the
+	// viewer's saved settings are out of reach; under the sanitizers, the system libraries' own
+	// leaks are suppressed as for the window test.
 	const std::string Suppressions = Quote(std::string(PLAIN_TEST_SOURCE_DIR) + "/lsan.supp");
-	const std::string Command = "PLAIN_LOG_QUIET=0 LSAN_OPTIONS=suppressions=" + Suppressions + " " + Environment + " " + Quote(LESSON_PLAYER_PROGRAM) + " " + Arguments + " >/dev/null 2>" + Quote(ErrorsFile.string());
+	const std::string Project = Quote((Scratch.Path / "project").string() + "/");
+	const std::string Command = "PLAIN_LOG_QUIET=0 PLAINVIDARIA_PROJECT_DIR=" + Project + " LSAN_OPTIONS=suppressions=" + Suppressions + " " + Environment + " " + Quote(LESSON_PLAYER_PROGRAM) + " " + Arguments + " >/dev/null 2>" + Quote(ErrorsFile.string());
 		const int Status = std::system(Command.c_str());
 		FProgramRun Run;
 		Run.ExitCode = WIFEXITED(Status) ? WEXITSTATUS(Status) : -1;

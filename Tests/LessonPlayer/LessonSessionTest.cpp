@@ -7,12 +7,16 @@
 #include "LessonPlayerPaths.h"
 #include "LessonSession.h"
 #include "MediaPlayer.h"
+#include "Misc/Paths.h"
 #include "RenderFrame.h"
 #include "Slate/WidgetViewport.h"
 #include "TestApp.h"
 #include "UI_VidariaSystem.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <unistd.h>
 
 namespace
 {
@@ -68,6 +72,25 @@ namespace
 	class LessonSession : public ::testing::Test
 	{
 	protected:
+		// A project of the test's own, with the real content: the viewer's saved comment settings
+		// (the c key turns comments off) must neither reach the test nor be changed by it.
+		LessonSession()
+			: RealProject(FPaths::ProjectDir())
+			, Project(std::filesystem::temp_directory_path() / ("vidaria-session-" + std::to_string(::getpid())))
+		{
+			std::filesystem::remove_all(Project);
+			std::filesystem::create_directories(Project);
+			std::filesystem::create_directory_symlink(TCHAR_TO_UTF8(*FPaths::ProjectContentDir()), Project / "Content");
+			FPaths::SetProjectDir(FString(UTF8_TO_TCHAR(Project.c_str())));
+		}
+
+		~LessonSession() override
+		{
+			Session.Reset();
+			FPaths::SetProjectDir(RealProject);
+			std::filesystem::remove_all(Project);
+		}
+
 		/** Starts a session on the bundled lesson, without comments, and plays until it runs. */
 		void StartOnSampleLesson()
 		{
@@ -94,6 +117,8 @@ namespace
 			return Frame;
 		}
 
+		FString RealProject;
+		std::filesystem::path Project;
 		FTestApp App;
 		FFrameRenderer Renderer;
 		TUniquePtr<FLessonSession> Session;

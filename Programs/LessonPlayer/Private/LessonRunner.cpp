@@ -156,6 +156,10 @@ int32 LessonRunner::RunInWindow(FLessonSession& Session, FHeadlessApplication& A
 			{
 				bOpen = false;
 			}
+			else if (Key == ELessonKey::ToggleFullScreen)
+			{
+				Window.ToggleFullScreen();
+			}
 			else
 			{
 				Session.HandleKey(Key);

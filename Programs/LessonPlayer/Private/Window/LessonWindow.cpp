@@ -145,6 +145,17 @@ bool FLessonWindow::Open(const FString& Title, int32 Width, int32 Height, FStrin
 	return true;
 }
 
+void FLessonWindow::ToggleFullScreen()
+{
+	if (!Window)
+	{
+		return;
+	}
+	// The desktop's own mode: no change of display mode, so switching is instant and safe.
+	const bool bDesktop = (SDL_GetWindowFlags(Window) & SDL_WINDOW_FULLSCREEN_DESKTOP) == SDL_WINDOW_FULLSCREEN_DESKTOP;
+	SDL_SetWindowFullscreen(Window, bDesktop ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
 FIntPoint FLessonWindow::GetOutputSize() const
 {
 	int OutWidth = 0;
@@ -231,8 +242,7 @@ bool FLessonWindow::HandleEvent(const SDL_Event& Event, TArray<ELessonKey>& OutK
 		}
 		if (Event.key.keysym.sym == SDLK_F11 && !Event.key.repeat)
 		{
-			const bool bDesktop = (SDL_GetWindowFlags(Window) & SDL_WINDOW_FULLSCREEN_DESKTOP) == SDL_WINDOW_FULLSCREEN_DESKTOP;
-			SDL_SetWindowFullscreen(Window, bDesktop ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+			ToggleFullScreen();
 			break;
 		}
 		ELessonKey Key;

@@ -55,6 +55,9 @@ public:
 	 */
 	TSharedPtr<UE::Audio::IAudioSink> OpenAudioDevice(FString& OutError);
 
+	/** Fills the screen with the window (its picture letterboxed), or gives the window back its size. */
+	void ToggleFullScreen();
+
 	/** True between a successful Open and the viewer closing the window. */
 	bool IsOpen() const { return Window != nullptr && !bClosed; }
 	/** The size of the window's drawable area in pixels (0 x 0 before Open). */
