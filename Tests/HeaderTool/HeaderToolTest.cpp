@@ -323,14 +323,14 @@ TEST(HeaderToolErrors, ReportFileLineAndReasonAndWriteNothing)
 		{"BadStaticProperty.h", 8, "static properties are not supported"},
 		{"BadUnnamedParameter.h", 9, "parameter 2 of 'Play' needs a name"},
 		{"BadNoGeneratedBody.h", 4, "UCLASS 'UBadNoGeneratedBody' has no GENERATED_BODY()"},
-		{"BadUnknownSpecifier.h", 8, "unknown UPROPERTY specifier 'Foo'"},
+		{"BadUnknownMacroArgument.h", 8, "unknown UPROPERTY macro argument 'Foo'"},
 		{"BadDelegateArguments.h", 3, "DECLARE_DYNAMIC_MULTICAST_DELEGATE_TwoParams expects 5 arguments, got 3"},
 		{"BadNamespace.h", 5, "reflected types must be declared at global scope"},
 		{"BadMissingInclude.h", 3, "'BadMissingInclude.generated.h' must be included by a header with reflected types"},
 		{"BadIncludeOrder.h", 2, "'CoreMinimal.h' is included after 'BadIncludeOrder.generated.h', which must be the last #include"},
 		{"BadBaseClass.h", 4, "UCLASS 'UBadBaseClass' must have exactly one public base class"},
 		{"BadUnterminatedComment.h", 3, "unterminated comment"},
-		{"BadMissingValue.h", 7, "UPROPERTY specifier 'Category' needs a value"},
+		{"BadMissingValue.h", 7, "UPROPERTY macro argument 'Category' needs a value"},
 		{"BadPlainClassProperty.h", 6, "UPROPERTY is only allowed inside a UCLASS or USTRUCT"},
 	};
 	for (const FCase& Case : Cases)

@@ -2,7 +2,7 @@
 // (4 s, 320x180, 30 fps, a tone), served from disk and over http from a loopback server, and
 // each kind of bad input.
 
-#include "MediaPlaybackTestListener.h"
+#include "MediaAssetsTestListener.h"
 
 #include "AudioSink.h"
 #include "Containers/Ticker.h"
@@ -170,7 +170,7 @@ namespace
 	struct FPlayback
 	{
 		UMediaPlayer* Player = NewObject<UMediaPlayer>();
-		UMediaPlaybackTestListener* Events = NewObject<UMediaPlaybackTestListener>();
+		UMediaAssetsTestListener* Events = NewObject<UMediaAssetsTestListener>();
 		UMediaTexture* Texture = NewObject<UMediaTexture>();
 		FPlayback()
 		{

@@ -2,7 +2,7 @@
 // driven through the scripted backend so each step is the test's to decide.
 
 #include "../Kit/ScriptedMedia.h"
-#include "MediaPlayerTestListener.h"
+#include "MediaAssetsTestListener.h"
 
 #include "AudioSink.h"
 #include "Components/AudioComponent.h"
@@ -41,7 +41,7 @@ namespace
 	{
 		FScriptedMediaScope Scripted;
 		UMediaPlayer* Player = NewObject<UMediaPlayer>();
-		UMediaPlayerTestListener* Events = NewObject<UMediaPlayerTestListener>();
+		UMediaAssetsTestListener* Events = NewObject<UMediaAssetsTestListener>();
 		FPlayerFixture() { Events->Listen(Player); }
 
 		// Opens scripted://Name and lets the open succeed; returns the events it raised.

@@ -19,7 +19,7 @@ namespace HeaderTool
 		Private,
 	};
 
-	/** One UPROPERTY. Flags holds the CPF_ names its specifiers give; access is added on output. */
+	/** One UPROPERTY. Flags holds the CPF_ names its macro arguments give; access is added on output. */
 	struct PropertyDef
 	{
 		std::string Name;
@@ -38,7 +38,7 @@ namespace HeaderTool
 		bool bHasDefault = false;
 	};
 
-	/** One UFUNCTION. Flags holds the FUNC_ names its specifiers give; the rest come from the fields. */
+	/** One UFUNCTION. Flags holds the FUNC_ names its macro arguments give; the rest come from the fields. */
 	struct FunctionDef
 	{
 		std::string Name;

@@ -2,7 +2,7 @@
 
 #include "DocComment.h"
 #include "ParseError.h"
-#include "Specifiers.h"
+#include "MacroArguments.h"
 
 #include <string_view>
 
@@ -210,7 +210,7 @@ namespace HeaderTool
 		const std::size_t MacroIndex = Cursor.Position();
 		Cursor.Next();
 		ClassDef Class;
-		ApplyClassSpecifiers(ParseSpecifiers(Cursor), Class);
+		ApplyClassMacroArguments(ParseMacroArguments(Cursor), Class);
 		Cursor.Expect("class");
 		SkipApiMacros();
 		const Token& Name = Cursor.ExpectIdentifier("a class name");
@@ -250,7 +250,7 @@ namespace HeaderTool
 		const std::size_t MacroIndex = Cursor.Position();
 		Cursor.Next();
 		StructDef Struct;
-		ApplyTypeSpecifiers(ParseSpecifiers(Cursor), "USTRUCT", Struct.Meta);
+		ApplyTypeMacroArguments(ParseMacroArguments(Cursor), "USTRUCT", Struct.Meta);
 		Cursor.Expect("struct");
 		SkipApiMacros();
 		const Token& Name = Cursor.ExpectIdentifier("a struct name");
@@ -289,7 +289,7 @@ namespace HeaderTool
 		const std::size_t MacroIndex = Cursor.Position();
 		Cursor.Next();
 		EnumDef Enum;
-		ApplyTypeSpecifiers(ParseSpecifiers(Cursor), "UENUM", Enum.Meta);
+		ApplyTypeMacroArguments(ParseMacroArguments(Cursor), "UENUM", Enum.Meta);
 		const bool bNamespaced = Cursor.Match("namespace");
 		if (bNamespaced)
 		{
@@ -339,7 +339,7 @@ namespace HeaderTool
 			}
 			if (Cursor.Match("UMETA"))
 			{
-				ApplyEnumeratorMeta(ParseSpecifiers(Cursor), Entry.Meta);
+				ApplyEnumeratorMeta(ParseMacroArguments(Cursor), Entry.Meta);
 			}
 			Enum.Enumerators.push_back(std::move(Entry));
 			if (!Cursor.Match(","))

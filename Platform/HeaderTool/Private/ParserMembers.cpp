@@ -2,7 +2,7 @@
 
 #include "DocComment.h"
 #include "Parser.h"
-#include "Specifiers.h"
+#include "MacroArguments.h"
 
 namespace HeaderTool
 {
@@ -132,7 +132,7 @@ namespace HeaderTool
 		Cursor.Next();
 		PropertyDef Property;
 		Property.Access = Body.Access;
-		ApplyPropertySpecifiers(ParseSpecifiers(Cursor), Property);
+		ApplyPropertyMacroArguments(ParseMacroArguments(Cursor), Property);
 		Cursor.Match("mutable");
 		std::vector<const Token*> Words;
 		for (int Angle = 0;;)
@@ -203,7 +203,7 @@ namespace HeaderTool
 		}
 		FunctionDef Function;
 		Function.Access = Body.Access;
-		ApplyFunctionSpecifiers(ParseSpecifiers(Cursor), Function);
+		ApplyFunctionMacroArguments(ParseMacroArguments(Cursor), Function);
 		for (;; Cursor.Next())
 		{
 			if (Cursor.Peek().Is("virtual"))

@@ -36,7 +36,7 @@ namespace UE::Reflection
 #define GENERATED_USTRUCT_BODY(...) GENERATED_BODY()
 
 // What GENERATED_BODY() declares in a reflected class; the .gen.cpp defines each of these.
-// Ends in private:, as the engine's does, so members that follow without a specifier are private.
+// Ends in private:, as the engine's does, so members that follow without an access keyword are private.
 #define PLAIN_GENERATED_CLASS_BODY(TClass, TSuperClass) \
 public: \
 	using Super = TSuperClass; \

@@ -1,14 +1,14 @@
 #pragma once
 
-// Records a media player's events in order, with the player's state at each, for the playback tests.
+// Records a media player's events in order, with the player's state at each, for every media test.
 
 #include "CoreMinimal.h"
 #include "MediaPlayer.h"
 #include "UObject/Object.h"
-#include "MediaPlaybackTestListener.generated.h"
+#include "MediaAssetsTestListener.generated.h"
 
 UCLASS()
-class UMediaPlaybackTestListener : public UObject
+class UMediaAssetsTestListener : public UObject
 {
 	GENERATED_BODY()
 
@@ -16,13 +16,13 @@ public:
 	void Listen(UMediaPlayer* InPlayer)
 	{
 		Player = InPlayer;
-		InPlayer->OnMediaOpened.AddDynamic(this, &UMediaPlaybackTestListener::HandleOpened);
-		InPlayer->OnMediaOpenFailed.AddDynamic(this, &UMediaPlaybackTestListener::HandleOpenFailed);
-		InPlayer->OnMediaClosed.AddDynamic(this, &UMediaPlaybackTestListener::HandleClosed);
-		InPlayer->OnPlaybackResumed.AddDynamic(this, &UMediaPlaybackTestListener::HandleResumed);
-		InPlayer->OnPlaybackSuspended.AddDynamic(this, &UMediaPlaybackTestListener::HandleSuspended);
-		InPlayer->OnSeekCompleted.AddDynamic(this, &UMediaPlaybackTestListener::HandleSeekCompleted);
-		InPlayer->OnEndReached.AddDynamic(this, &UMediaPlaybackTestListener::HandleEndReached);
+		InPlayer->OnMediaOpened.AddDynamic(this, &UMediaAssetsTestListener::HandleOpened);
+		InPlayer->OnMediaOpenFailed.AddDynamic(this, &UMediaAssetsTestListener::HandleOpenFailed);
+		InPlayer->OnMediaClosed.AddDynamic(this, &UMediaAssetsTestListener::HandleClosed);
+		InPlayer->OnPlaybackResumed.AddDynamic(this, &UMediaAssetsTestListener::HandleResumed);
+		InPlayer->OnPlaybackSuspended.AddDynamic(this, &UMediaAssetsTestListener::HandleSuspended);
+		InPlayer->OnSeekCompleted.AddDynamic(this, &UMediaAssetsTestListener::HandleSeekCompleted);
+		InPlayer->OnEndReached.AddDynamic(this, &UMediaAssetsTestListener::HandleEndReached);
 	}
 
 	/** The events since the last Take, joined by spaces, and forgets them. */

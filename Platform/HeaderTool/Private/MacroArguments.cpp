@@ -1,4 +1,4 @@
-#include "Specifiers.h"
+#include "MacroArguments.h"
 
 #include "ParseError.h"
 #include "StringLiteral.h"
@@ -11,7 +11,7 @@ namespace HeaderTool
 {
 	namespace
 	{
-		// What one specifier means. A metadata value of "$" stands for the specifier's own value.
+		// What one macro argument means. A metadata value of "$" stands for the macro argument's own value.
 		struct Rule
 		{
 			std::string_view Name;
@@ -37,10 +37,10 @@ namespace HeaderTool
 			return true;
 		}
 
-		Specifier ParseItem(TokenCursor& Cursor)
+		MacroArgument ParseItem(TokenCursor& Cursor)
 		{
-			Specifier Item;
-			const Token& Name = Cursor.ExpectIdentifier("a specifier name");
+			MacroArgument Item;
+			const Token& Name = Cursor.ExpectIdentifier("a macro argument name");
 			Item.Name = Name.Text;
 			Item.Line = Name.Line;
 			if (!Cursor.Match("="))
@@ -51,8 +51,8 @@ namespace HeaderTool
 			if (Cursor.Peek().Is("("))
 			{
 				Item.bIsList = true;
-				Item.List = ParseSpecifiers(Cursor);
-				for (const Specifier& Nested : Item.List)
+				Item.List = ParseMacroArguments(Cursor);
+				for (const MacroArgument& Nested : Item.List)
 				{
 					Item.Value += (Item.Value.empty() ? "" : " ") + Nested.Name;
 				}
@@ -87,23 +87,23 @@ namespace HeaderTool
 			return Item;
 		}
 
-		void ApplyMeta(const Specifier& Meta, const char* MacroName, MetaData& Out)
+		void ApplyMeta(const MacroArgument& Meta, const char* MacroName, MetaData& Out)
 		{
 			if (!Meta.bIsList)
 			{
 				throw ParseError(Meta.Line, std::string(MacroName) + " metadata must be a list: meta=(Key, Key=\"Value\")");
 			}
-			for (const Specifier& Item : Meta.List)
+			for (const MacroArgument& Item : Meta.List)
 			{
 				Out.Set(Item.Name, Item.Value);
 			}
 		}
 
-		// Applies Specifiers by Rules; meta=(...) is known to every macro.
-		void Apply(const std::vector<Specifier>& Specifiers, const char* MacroName, std::initializer_list<Rule> Rules,
+		// Applies MacroArguments by Rules; meta=(...) is known to every macro.
+		void Apply(const std::vector<MacroArgument>& MacroArguments, const char* MacroName, std::initializer_list<Rule> Rules,
 			std::set<std::string>& Flags, MetaData& Meta)
 		{
-			for (const Specifier& Item : Specifiers)
+			for (const MacroArgument& Item : MacroArguments)
 			{
 				if (EqualsIgnoringCase(Item.Name, "meta"))
 				{
@@ -115,7 +115,7 @@ namespace HeaderTool
 				{
 					Found = EqualsIgnoringCase(Item.Name, Candidate.Name) ? &Candidate : Found;
 				}
-				const std::string Quoted = std::string(MacroName) + " specifier '" + Item.Name + "'";
+				const std::string Quoted = std::string(MacroName) + " macro argument '" + Item.Name + "'";
 				if (!Found)
 				{
 					throw ParseError(Item.Line, "unknown " + Quoted);
@@ -136,9 +136,9 @@ namespace HeaderTool
 		}
 	}
 
-	std::vector<Specifier> ParseSpecifiers(TokenCursor& Cursor)
+	std::vector<MacroArgument> ParseMacroArguments(TokenCursor& Cursor)
 	{
-		std::vector<Specifier> Items;
+		std::vector<MacroArgument> Items;
 		Cursor.Expect("(");
 		while (!Cursor.Match(")"))
 		{
@@ -152,9 +152,9 @@ namespace HeaderTool
 		return Items;
 	}
 
-	void ApplyClassSpecifiers(const std::vector<Specifier>& Specifiers, ClassDef& Class)
+	void ApplyClassMacroArguments(const std::vector<MacroArgument>& MacroArguments, ClassDef& Class)
 	{
-		Apply(Specifiers, "UCLASS",
+		Apply(MacroArguments, "UCLASS",
 			{
 				{"Abstract", false, {"CLASS_Abstract"}, {}},
 				{"Blueprintable", false, {"CLASS_Blueprintable"}, {{"IsBlueprintBase", "true"}, {"BlueprintType", "true"}}},
@@ -170,9 +170,9 @@ namespace HeaderTool
 			Class.Flags, Class.Meta);
 	}
 
-	void ApplyPropertySpecifiers(const std::vector<Specifier>& Specifiers, PropertyDef& Property)
+	void ApplyPropertyMacroArguments(const std::vector<MacroArgument>& MacroArguments, PropertyDef& Property)
 	{
-		Apply(Specifiers, "UPROPERTY",
+		Apply(MacroArguments, "UPROPERTY",
 			{
 				{"EditAnywhere", false, {"CPF_Edit"}, {}},
 				{"EditDefaultsOnly", false, {"CPF_Edit", "CPF_DisableEditOnInstance"}, {}},
@@ -194,9 +194,9 @@ namespace HeaderTool
 			Property.Flags, Property.Meta);
 	}
 
-	void ApplyFunctionSpecifiers(const std::vector<Specifier>& Specifiers, FunctionDef& Function)
+	void ApplyFunctionMacroArguments(const std::vector<MacroArgument>& MacroArguments, FunctionDef& Function)
 	{
-		Apply(Specifiers, "UFUNCTION",
+		Apply(MacroArguments, "UFUNCTION",
 			{
 				{"BlueprintCallable", false, {"FUNC_BlueprintCallable"}, {}},
 				{"BlueprintPure", false, {"FUNC_BlueprintCallable", "FUNC_BlueprintPure"}, {}},
@@ -206,15 +206,15 @@ namespace HeaderTool
 			Function.Flags, Function.Meta);
 	}
 
-	void ApplyTypeSpecifiers(const std::vector<Specifier>& Specifiers, const char* MacroName, MetaData& Meta)
+	void ApplyTypeMacroArguments(const std::vector<MacroArgument>& MacroArguments, const char* MacroName, MetaData& Meta)
 	{
 		std::set<std::string> Unused;
-		Apply(Specifiers, MacroName, {{"BlueprintType", false, {}, {{"BlueprintType", "true"}}}}, Unused, Meta);
+		Apply(MacroArguments, MacroName, {{"BlueprintType", false, {}, {{"BlueprintType", "true"}}}}, Unused, Meta);
 	}
 
-	void ApplyEnumeratorMeta(const std::vector<Specifier>& Specifiers, MetaData& Meta)
+	void ApplyEnumeratorMeta(const std::vector<MacroArgument>& MacroArguments, MetaData& Meta)
 	{
-		for (const Specifier& Item : Specifiers)
+		for (const MacroArgument& Item : MacroArguments)
 		{
 			Meta.Set(Item.Name, Item.Value);
 		}
