@@ -158,51 +158,27 @@ bool FFmpegWorker::OpenMedia(FFmpegMediaInfo& OutInfo, std::string& OutError)
 
 bool FFmpegWorker::StepVideo()
 {
-	{
-		std::lock_guard<std::mutex> Lock(State.Mutex);
-		if (!State.HasVideoRoom())
-		{
-			return false;
-		}
-	}
-	switch (VideoDecoder.Step(Frame))
-	{
-	case FFmpegStreamDecoder::EStep::Frame:
-		HandleVideoFrame();
-		av_frame_unref(Frame);
-		return true;
-	case FFmpegStreamDecoder::EStep::Progress:
-		return true;
-	case FFmpegStreamDecoder::EStep::NeedInput:
-		return false;
-	case FFmpegStreamDecoder::EStep::Finished:
-		if (bVideoEndReported)
-		{
-			return false;
-		}
-		OnVideoFinished();
-		return true;
-	}
-	return false;
+	return StepStream(VideoDecoder, &FFmpegSharedState::HasVideoRoom, bVideoEndReported, &FFmpegWorker::HandleVideoFrame, &FFmpegWorker::OnVideoFinished);
 }
 
 bool FFmpegWorker::StepAudio()
 {
-	if (!AudioDecoder.IsOpen())
-	{
-		return false;
-	}
+	return AudioDecoder.IsOpen() && StepStream(AudioDecoder, &FFmpegSharedState::HasAudioRoom, bAudioEndReported, &FFmpegWorker::HandleAudioFrame, &FFmpegWorker::OnAudioFinished);
+}
+
+bool FFmpegWorker::StepStream(FFmpegStreamDecoder& Decoder, bool (FFmpegSharedState::*HasRoom)(), bool bEndReported, void (FFmpegWorker::*HandleFrame)(), void (FFmpegWorker::*OnFinished)())
+{
 	{
 		std::lock_guard<std::mutex> Lock(State.Mutex);
-		if (!State.HasAudioRoom())
+		if (!(State.*HasRoom)())
 		{
 			return false;
 		}
 	}
-	switch (AudioDecoder.Step(Frame))
+	switch (Decoder.Step(Frame))
 	{
 	case FFmpegStreamDecoder::EStep::Frame:
-		HandleAudioFrame();
+		(this->*HandleFrame)();
 		av_frame_unref(Frame);
 		return true;
 	case FFmpegStreamDecoder::EStep::Progress:
@@ -210,11 +186,11 @@ bool FFmpegWorker::StepAudio()
 	case FFmpegStreamDecoder::EStep::NeedInput:
 		return false;
 	case FFmpegStreamDecoder::EStep::Finished:
-		if (bAudioEndReported)
+		if (bEndReported)
 		{
 			return false;
 		}
-		OnAudioFinished();
+		(this->*OnFinished)();
 		return true;
 	}
 	return false;

@@ -38,6 +38,8 @@ private:
 	// Each returns true when it did some work, false when it has to wait for room or input.
 	bool StepVideo();
 	bool StepAudio();
+	// The common step of both streams: decode one frame if its queue has room, report the end once.
+	bool StepStream(FFmpegStreamDecoder& Decoder, bool (FFmpegSharedState::*HasRoom)(), bool bEndReported, void (FFmpegWorker::*HandleFrame)(), void (FFmpegWorker::*OnFinished)());
 	bool ReadPacket();
 	void ApplySeek(uint32_t ToGeneration, double Target);
 	void WaitForWork(uint64_t SeenWakes);
