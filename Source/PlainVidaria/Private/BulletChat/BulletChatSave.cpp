@@ -35,35 +35,28 @@ float UBulletChatSave::LoadSpeedScale()
 
 void UBulletChatSave::SaveFontSize(int32 InFontSize)
 {
+	StoreChange([InFontSize](UBulletChatSave& Settings) { Settings.FontSize = InFontSize; });
+}
+
+void UBulletChatSave::SaveIsOpend(bool bInIsOpened)
+{
+	StoreChange([bInIsOpened](UBulletChatSave& Settings) { Settings.bIsOpened = bInIsOpened; });
+}
+
+void UBulletChatSave::SaveSpeedScale(float InSpeedScale)
+{
+	StoreChange([InSpeedScale](UBulletChatSave& Settings) { Settings.SpeedScale = InSpeedScale; });
+}
+
+void UBulletChatSave::StoreChange(TFunctionRef<void(UBulletChatSave&)> Change)
+{
 	// A slot that could not be read back is written afresh from the defaults, so the value the
 	// viewer just chose is not dropped while a write can still succeed.
 	UBulletChatSave* Settings = LoadSlot();
 	Settings = Settings ? Settings : CreateWithDefaults();
 	if (Settings)
 	{
-		Settings->FontSize = InFontSize;
-		UGameplayStatics::SaveGameToSlot(Settings, SlotName, UserIndex);
-	}
-}
-
-void UBulletChatSave::SaveIsOpend(bool bInIsOpened)
-{
-	UBulletChatSave* Settings = LoadSlot();
-	Settings = Settings ? Settings : CreateWithDefaults();
-	if (Settings)
-	{
-		Settings->bIsOpened = bInIsOpened;
-		UGameplayStatics::SaveGameToSlot(Settings, SlotName, UserIndex);
-	}
-}
-
-void UBulletChatSave::SaveSpeedScale(float InSpeedScale)
-{
-	UBulletChatSave* Settings = LoadSlot();
-	Settings = Settings ? Settings : CreateWithDefaults();
-	if (Settings)
-	{
-		Settings->SpeedScale = InSpeedScale;
+		Change(*Settings);
 		UGameplayStatics::SaveGameToSlot(Settings, SlotName, UserIndex);
 	}
 }

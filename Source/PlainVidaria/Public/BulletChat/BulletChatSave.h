@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "GameFramework/SaveGame.h"
+#include "Templates/Function.h"
 #include "BulletChatSave.generated.h"
 
 /**
@@ -38,6 +39,8 @@ private:
 	static UBulletChatSave* LoadSlot();
 	/** Settings holding the three defaults, not yet stored anywhere; null if none can be made. */
 	static UBulletChatSave* CreateWithDefaults();
+	/** Applies Change to the stored settings (or to fresh defaults when none can be read) and stores them. */
+	static void StoreChange(TFunctionRef<void(UBulletChatSave&)> Change);
 
 	/** Font size for comments. */
 	UPROPERTY()
