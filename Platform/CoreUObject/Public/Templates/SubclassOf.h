@@ -4,6 +4,12 @@
 
 #include "UObject/Class.h"
 
+namespace UE::Reflection
+{
+	template<class T, class Enable>
+	struct TPropertyTraits;
+}
+
 template<class T>
 class TSubclassOf
 {
@@ -31,11 +37,15 @@ public:
 
 	bool operator==(const TSubclassOf& Other) const { return Class == Other.Class; }
 
-	/** The class as stored, unchecked; for the reflection, which may not see T's definition. */
+private:
+	// The reflection reads and writes the class as stored, unchecked: it may not see T's definition.
+	template<class, class>
+	friend struct UE::Reflection::TPropertyTraits;
+
+	/** The class as stored, unchecked. */
 	UClass* GetRawClass() const { return Class; }
 	void SetRawClass(UClass* InClass) { Class = InClass; }
 
-private:
 	/** Held as given; Get() applies the check, as the engine's does. */
 	UClass* Class = nullptr;
 };
