@@ -37,14 +37,21 @@ public:
 
 	bool operator==(const TSubclassOf& Other) const { return Class == Other.Class; }
 
+	// The class as stored, unchecked: the reflection (which may not see T's definition) and the
+	// stand-in's widget factory read it. Generated code compiled into the plug-in reaches it as a
+	// friend; for the plug-in's own code it is private, as the engine has no such accessor.
+#if PLAIN_PLATFORM_INTERNALS
+public:
+#else
 private:
-	// The reflection reads and writes the class as stored, unchecked: it may not see T's definition.
-	template<class, class>
-	friend struct UE::Reflection::TPropertyTraits;
-
+#endif
 	/** The class as stored, unchecked. */
 	UClass* GetRawClass() const { return Class; }
 	void SetRawClass(UClass* InClass) { Class = InClass; }
+
+private:
+	template<class, class>
+	friend struct UE::Reflection::TPropertyTraits;
 
 	/** Held as given; Get() applies the check, as the engine's does. */
 	UClass* Class = nullptr;
