@@ -4,6 +4,7 @@
 #include "Engine/TimerHandle.h"
 #include "Templates/SubclassOf.h"
 #include "UObject/Object.h"
+#include "UObject/ObjectPtr.h"
 #include "MinimalLessonHost.generated.h"
 
 class UMediaPlayer;
