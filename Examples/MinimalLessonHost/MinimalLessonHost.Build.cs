@@ -17,6 +17,8 @@ public class MinimalLessonHost : ModuleRules
 			"SlateCore",
 			"MediaAssets",
 			"PlainVidaria",
+			// UI_VidariaSystem.h includes the sibling module's headers.
+			"PlainMarquel",
 		});
 	}
 }
