@@ -69,7 +69,7 @@ void FJsonObject::RemoveField(const FString& FieldName)
 }
 
 // The getters read a present field in place; only a missing or mistyped one goes through
-// GetFieldOfType, for its warning and the Null value's own.
+// GetFieldOfType, for its warning and the Null value's error.
 double FJsonObject::GetNumberField(const FString& FieldName) const
 {
 	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);

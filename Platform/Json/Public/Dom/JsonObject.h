@@ -45,7 +45,7 @@ public:
 	FString GetStringField(const FString& FieldName) const;
 	bool GetBoolField(const FString& FieldName) const;
 	const TArray<TSharedPtr<FJsonValue>>& GetArrayField(const FString& FieldName) const;
-	/** Invalid (after a warning) when the field is missing or not an object: check before use. */
+	/** A valid empty object (after a warning and an error) when the field is missing or not an object. */
 	const TSharedPtr<FJsonObject>& GetObjectField(const FString& FieldName) const;
 
 	// The TryGet*Field readers convert as FJsonValue::TryGet* does, and never log.
