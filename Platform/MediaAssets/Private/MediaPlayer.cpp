@@ -211,11 +211,12 @@ bool UMediaPlayer::OpenAsNewPlaylist(UMediaSource* Source)
 
 bool UMediaPlayer::StepPlaylist(bool bForward)
 {
-	UMediaPlaylist& List = GetPlaylistRef();
-	if (List.Num() == 0)
+	// No list is made here: with none (after a close), there is nothing to step to.
+	if (!Playlist || Playlist->Num() == 0)
 	{
 		return false;
 	}
+	UMediaPlaylist& List = *Playlist;
 	int32 Index = PlaylistIndex;
 	if (Shuffle)
 	{
