@@ -19,6 +19,11 @@ void UTextBlock::SetShadowOffset(FVector2D InShadowOffset)
 	ShadowOffset = InShadowOffset;
 }
 
+void UTextBlock::SetShadowColorAndOpacity(FLinearColor InShadowColorAndOpacity)
+{
+	ShadowColorAndOpacity = InShadowColorAndOpacity;
+}
+
 void UTextBlock::SynchronizeProperties()
 {
 	Super::SynchronizeProperties();

@@ -39,6 +39,9 @@ public:
 	/** Sets the offset of the drop shadow. */
 	UFUNCTION(BlueprintCallable, Category = "Appearance")
 	void SetShadowOffset(FVector2D InShadowOffset);
+	/** Sets the colour of the drop shadow; fully transparent draws none. */
+	UFUNCTION(BlueprintCallable, Category = "Appearance")
+	void SetShadowColorAndOpacity(FLinearColor InShadowColorAndOpacity);
 
 	void SynchronizeProperties() override;
 
