@@ -63,29 +63,41 @@ TEST(DateTime, CalendarFieldsAgreeWithTheConstructor)
 	EXPECT_LE((FDateTime::Now() - FDateTime::UtcNow()).GetDuration(), FTimespan::FromHours(15));
 }
 
-TEST(DateTimeParse, AcceptsTheEngineFormAndTheDashedForm)
+TEST(DateTimeParse, ReadsSixOrSevenFieldsBetweenAnyOfItsFourSeparators)
 {
-	FDateTime Parsed;
-	ASSERT_TRUE(FDateTime::Parse(TEXT("2024.02.29-13.05.09"), Parsed));
-	EXPECT_EQ(Parsed, FDateTime(2024, 2, 29, 13, 5, 9));
-	ASSERT_TRUE(FDateTime::Parse(TEXT("2024.02.29-13.05.09.250"), Parsed));
-	EXPECT_EQ(Parsed, FDateTime(2024, 2, 29, 13, 5, 9, 250));
-	ASSERT_TRUE(FDateTime::Parse(TEXT("0001-01-01 00:00:00"), Parsed));
-	EXPECT_EQ(Parsed, FDateTime::MinValue());
-	ASSERT_TRUE(FDateTime::Parse(TEXT("9999-12-31 23:59:59.999"), Parsed));
-	EXPECT_EQ(Parsed, FDateTime(9999, 12, 31, 23, 59, 59, 999));
+	struct FCase
+	{
+		const TCHAR* Text;
+		FDateTime Expected;
+	};
+	const FCase Cases[] = {
+		{TEXT("2024.02.29-13.05.09"), FDateTime(2024, 2, 29, 13, 5, 9)},
+		{TEXT("2024.02.29-13.05.09.250"), FDateTime(2024, 2, 29, 13, 5, 9, 250)},
+		{TEXT("2024.02.29-13.05.09.25"), FDateTime(2024, 2, 29, 13, 5, 9, 25)},
+		{TEXT("0001-01-01 00:00:00"), FDateTime::MinValue()},
+		{TEXT("9999-12-31 23:59:59.999"), FDateTime(9999, 12, 31, 23, 59, 59, 999)},
+		{TEXT("2024.2.9-1.2.3"), FDateTime(2024, 2, 9, 1, 2, 3)},
+		{TEXT(" 2024..02:29 13-05-09 "), FDateTime(2024, 2, 29, 13, 5, 9)},
+		{TEXT("2024.02.29-13.05.09x"), FDateTime(2024, 2, 29, 13, 5, 9)},
+	};
+	for (const FCase& Case : Cases)
+	{
+		FDateTime Parsed;
+		ASSERT_TRUE(FDateTime::Parse(Case.Text, Parsed)) << FTCHARToUTF8(Case.Text).Get();
+		EXPECT_EQ(Parsed, Case.Expected) << FTCHARToUTF8(Case.Text).Get();
+	}
 	const FDateTime Original(1987, 6, 5, 4, 3, 2);
+	FDateTime Parsed;
 	ASSERT_TRUE(FDateTime::Parse(Original.ToString(), Parsed));
 	EXPECT_EQ(Parsed, Original);
 }
 
-TEST(DateTimeParse, RejectsImpossibleDatesAndOtherTextLeavingTheTargetUntouched)
+TEST(DateTimeParse, FailsOnImpossibleDatesAndOtherFieldCountsLeavingTheTargetUntouched)
 {
 	const FDateTime Sentinel(2000, 1, 2, 3, 4, 5);
 	for (const TCHAR* Text : {TEXT("2023.02.29-00.00.00"), TEXT("2024.13.01-00.00.00"), TEXT("2024.02.30-00.00.00"), TEXT("2024.00.10-00.00.00"),
-			 TEXT("2024.01.01-24.00.00"), TEXT("2024.01.01-00.60.00"), TEXT("0000.01.01-00.00.00"), TEXT("2024-02-29T13:05:09"),
-			 TEXT("2024.02.29 13:05:09"), TEXT("2024-02-29-13.05.09"), TEXT("2024.02.29"), TEXT(""), TEXT("2024.2.9-1.2.3"),
-			 TEXT("2024.02.29-13.05.09.25"), TEXT("2024.02.29-13.05.09x"), TEXT(" 2024.02.29-13.05.09")})
+			 TEXT("2024.01.01-24.00.00"), TEXT("2024.01.01-00.60.00"), TEXT("0000.01.01-00.00.00"), TEXT("2024.01.01-00.00.00.1000"),
+			 TEXT("2024-02-29T13:05:09"), TEXT("2024.02.29"), TEXT(""), TEXT("2024.02.29-13.05.09.250.1"), TEXT("yesterday")})
 	{
 		FDateTime Target = Sentinel;
 		EXPECT_FALSE(FDateTime::Parse(Text, Target)) << FTCHARToUTF8(Text).Get();

@@ -42,6 +42,21 @@ namespace
 		return Messages;
 	}
 
+	// Every LogJson line logged since the capture was last cleared, as "Warning: ..." or "Error: ...".
+	std::vector<std::wstring> JsonLines()
+	{
+		std::vector<std::wstring> Lines;
+		for (const UE::Log::FCapturedLine& Line : UE::Log::GetCapturedLines())
+		{
+			if (Line.Category.Equals(TEXT("LogJson")))
+			{
+				const std::wstring Verbosity = Line.Verbosity == ELogVerbosity::Warning ? L"Warning: " : Line.Verbosity == ELogVerbosity::Error ? L"Error: " : L"Other: ";
+				Lines.push_back(Verbosity + std::wstring(*Line.Message));
+			}
+		}
+		return Lines;
+	}
+
 	FString Repeat(const TCHAR* Piece, int32 Count)
 	{
 		FString Result;
@@ -116,38 +131,57 @@ TEST(JsonDeserialize, RefusesNestingPastTheLimitWithoutExhaustingTheStack)
 	EXPECT_TRUE(Reader->GetErrorMessage().StartsWith(TEXT("Nesting is deeper than 512 levels."))) << *Reader->GetErrorMessage();
 }
 
-TEST(JsonObjectFields, MissingOrMistypedFieldsGiveDefaultsAndAWarning)
+TEST(JsonObjectFields, MissingOrMistypedFieldsLogAWarningAndAnErrorAndGiveDefaults)
 {
-	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"s\": \"abc\", \"n\": 12, \"o\": {\"x\": 1}, \"z\": null}"));
+	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"s\": \"abc\", \"n\": 12, \"t\": \"12\", \"o\": {\"x\": 1}, \"z\": null}"));
 	ASSERT_TRUE(Object.IsValid());
-
+	const std::wstring NotFound = L"Warning: Field missing was not found.";
+	auto Expect = [](const std::vector<std::wstring>& Lines, const char* What) {
+		EXPECT_EQ(JsonLines(), Lines) << What;
+		UE::Log::ClearCapturedLines();
+	};
 	UE::Log::ClearCapturedLines();
+
+	// A missing field: the lookup's warning, then the Null stand-in's error when it is read.
 	EXPECT_EQ(Object->GetNumberField(TEXT("missing")), 0.0);
-	EXPECT_EQ(JsonWarnings(), (std::vector<std::wstring>{L"Field missing was not found.", L"Json Value of type 'Null' used as a 'Number'."}));
-
-	UE::Log::ClearCapturedLines();
-	EXPECT_EQ(Object->GetArrayField(TEXT("s")).Num(), 0);
-	EXPECT_EQ(JsonWarnings().front(), L"Field s is of the wrong type.");
-
-	UE::Log::ClearCapturedLines();
-	EXPECT_TRUE(Object->GetStringField(TEXT("missing")).IsEmpty());
-	EXPECT_FALSE(Object->GetBoolField(TEXT("z")));
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Number'."}, "number");
 	EXPECT_EQ(Object->GetIntegerField(TEXT("missing")), 0);
-	EXPECT_FALSE(Object->GetObjectField(TEXT("s")).IsValid());
-	EXPECT_FALSE(Object->GetObjectField(TEXT("missing")).IsValid());
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Number'."}, "integer");
+	EXPECT_TRUE(Object->GetStringField(TEXT("missing")).IsEmpty());
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'String'."}, "string");
+	EXPECT_FALSE(Object->GetBoolField(TEXT("missing")));
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Boolean'."}, "bool");
+	EXPECT_EQ(Object->GetArrayField(TEXT("missing")).Num(), 0);
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Array'."}, "array");
+	const TSharedPtr<FJsonObject>& MissingObject = Object->GetObjectField(TEXT("missing"));
+	ASSERT_TRUE(MissingObject.IsValid()) << "an empty object, not a null pointer";
+	EXPECT_EQ(MissingObject->Values.Num(), 0);
+	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Object'."}, "object");
+
+	// The number, string and bool getters take a field of any kind and convert it if they can;
+	// the array and object getters want their own kind and treat any other as missing.
 	EXPECT_EQ(Object->GetNumberField(TEXT("s")), 0.0);
-	EXPECT_EQ(JsonWarnings().back(), L"Json Value of type 'String' used as a 'Number'.");
+	Expect({L"Error: Json Value of type 'String' used as a 'Number'."}, "text as number");
+	EXPECT_TRUE(Object->GetStringField(TEXT("o")).IsEmpty());
+	Expect({L"Error: Json Value of type 'Object' used as a 'String'."}, "object as text");
+	EXPECT_FALSE(Object->GetBoolField(TEXT("z")));
+	Expect({L"Error: Json Value of type 'Null' used as a 'Boolean'."}, "null as bool");
+	EXPECT_EQ(Object->GetArrayField(TEXT("s")).Num(), 0);
+	Expect({L"Warning: Field s is of the wrong type.", L"Error: Json Value of type 'Null' used as a 'Array'."}, "text as array");
+	EXPECT_EQ(Object->GetObjectField(TEXT("n"))->Values.Num(), 0);
+	Expect({L"Warning: Field n is of the wrong type.", L"Error: Json Value of type 'Null' used as a 'Object'."}, "number as object");
 
 	// Conversions the engine makes without a word, and TryGet* never logs.
-	UE::Log::ClearCapturedLines();
 	EXPECT_TRUE(Object->GetStringField(TEXT("n")).Equals(TEXT("12")));
+	EXPECT_EQ(Object->GetNumberField(TEXT("t")), 12.0);
+	EXPECT_FALSE(Object->GetBoolField(TEXT("s")));
 	EXPECT_EQ(Object->GetObjectField(TEXT("O"))->GetIntegerField(TEXT("x")), 1) << "field names ignore case";
 	double Number = -1.0;
 	const TArray<TSharedPtr<FJsonValue>>* Array = nullptr;
 	EXPECT_FALSE(Object->TryGetNumberField(TEXT("s"), Number));
 	EXPECT_FALSE(Object->TryGetNumberField(TEXT("missing"), Number));
 	EXPECT_FALSE(Object->TryGetArrayField(TEXT("n"), Array));
-	EXPECT_TRUE(JsonWarnings().empty());
+	EXPECT_TRUE(JsonLines().empty());
 	EXPECT_TRUE(Object->HasField(TEXT("z")));
 	EXPECT_TRUE(Object->HasTypedField<EJson::Null>(TEXT("z")));
 	EXPECT_FALSE(Object->HasTypedField<EJson::String>(TEXT("n")));

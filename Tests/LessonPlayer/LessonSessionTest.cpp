@@ -9,6 +9,8 @@
 #include "MediaPlayer.h"
 #include "Misc/Paths.h"
 #include "RenderFrame.h"
+#include "MediaPlaylist.h"
+#include "ScriptedMedia.h"
 #include "Slate/WidgetViewport.h"
 #include "TestApp.h"
 #include "UI_VidariaSystem.h"
@@ -171,4 +173,54 @@ TEST_F(LessonSession, AClickOnThePicturePausesAndShowsThePauseMark)
 	// The pause mark: a light 96 x 96 square, centred 30 px above the middle of the picture.
 	EXPECT_GT(MeanBrightness(Paused, 592, 252, 96, 96), MeanBrightness(Playing, 592, 252, 96, 96) + 40.0);
 	EXPECT_EQ(MeanBrightness(Paused, 0, 0, 1280, 600), MeanBrightness(StillPaused, 0, 0, 1280, 600)) << "the picture moved while paused";
+}
+
+// Three lessons: each that ends opens the next, although the lesson player closes the media player
+// at every end (which drops the player's playlist); the step buttons still step and wrap.
+TEST_F(LessonSession, EachEndedLessonOpensTheNextAndTheStepButtonsStillWrap)
+{
+	FScriptedMediaScope Scripted;
+	FLessonPlayerOptions Options;
+	for (const TCHAR* Name : {TEXT("a"), TEXT("b"), TEXT("c")})
+	{
+		Scripted.Media(Name).Duration = FTimespan::FromSeconds(1.0);
+		Options.Lessons.Add(FScriptedMediaScope::Url(Name));
+	}
+	Session = MakeUnique<FLessonSession>(Options, App);
+	ASSERT_TRUE(Session->Start());
+	UMediaPlayer* Player = Session->GetMediaPlayer();
+	// Lets the lesson that is opening finish opening, and runs until it plays.
+	auto Play = [&](const TCHAR* Name) {
+		ASSERT_TRUE(Scripted.Media(Name).bOpening) << FTCHARToUTF8(Name).Get() << " is not opening";
+		Scripted.Media(Name).FinishOpen();
+		for (int32 Frame = 0; Frame < 30 && !Player->IsPlaying(); ++Frame)
+		{
+			Session->Tick(Step);
+		}
+		ASSERT_TRUE(Player->IsPlaying());
+		EXPECT_EQ(Player->GetUrl(), FScriptedMediaScope::Url(Name));
+	};
+	auto Click = [&](const TCHAR* Button) {
+		App.MovePointerTo(FVector2D(600.0, 300.0));
+		App.MovePointerTo(FVector2D(640.0, 320.0));
+		Run(0.5);
+		App.ClickWidget(Session->GetPlayerWidget(), Button);
+	};
+
+	Play(TEXT("a"));
+	EXPECT_EQ(Session->GetCurrentEntry(), 0);
+	Run(1.5);
+	Play(TEXT("b"));
+	EXPECT_EQ(Session->GetCurrentEntry(), 1) << "lesson 1 ended, so lesson 2 plays";
+	EXPECT_EQ(Player->GetPlaylist()->Num(), 3) << "the session listed its lessons again";
+
+	Click(TEXT("NestButton"));
+	Play(TEXT("c"));
+	Click(TEXT("NestButton"));
+	Play(TEXT("a"));
+	EXPECT_EQ(Session->GetCurrentEntry(), 0) << "past the last lesson, Next wraps to the first";
+	Click(TEXT("PreviousButton"));
+	Play(TEXT("c"));
+	EXPECT_EQ(Session->GetCurrentEntry(), 2) << "before the first lesson, Previous wraps to the last";
+	EXPECT_FALSE(Session->IsFinished());
 }

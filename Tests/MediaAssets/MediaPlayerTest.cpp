@@ -245,44 +245,73 @@ TEST(MediaPlayer, CloseLeavesAReusablePlayerAndDropsTheOldMediasNews)
 	EXPECT_TRUE(Player->IsPlaying());
 }
 
-TEST(MediaPlayer, PlaylistStepsWrapAndFollowOpensByUrl)
+TEST(MediaPlayer, DefaultsAreTheEnginesAndThePlaylistIsNeverNull)
 {
 	FPlayerFixture Fixture;
 	UMediaPlayer* Player = Fixture.Player;
-	EXPECT_EQ(Player->GetPlaylist(), nullptr);
-	Player->EnsurePlaylist();
+	EXPECT_EQ(Player->CacheAhead, FTimespan::FromMilliseconds(100));
+	EXPECT_EQ(Player->CacheBehind, FTimespan::FromMilliseconds(3000));
+	EXPECT_EQ(Player->CacheBehindGame, FTimespan::FromMilliseconds(100));
+	EXPECT_TRUE(Player->PlayOnOpen);
+	EXPECT_FALSE(Player->Loop);
+	EXPECT_FALSE(Player->Shuffle);
+	EXPECT_EQ(Player->GetPlaylistIndex(), INDEX_NONE);
 	UMediaPlaylist* Playlist = Player->GetPlaylist();
 	ASSERT_NE(Playlist, nullptr);
-	Player->EnsurePlaylist();
-	EXPECT_EQ(Player->GetPlaylist(), Playlist) << "the player keeps its own playlist";
-	EXPECT_FALSE(Player->OpenPlaylistIndex(Playlist, 0)) << "an empty playlist has no entry 0";
+	EXPECT_EQ(Player->GetPlaylist(), Playlist) << "made once, then kept until a close";
+	EXPECT_EQ(&Player->GetPlaylistRef(), Playlist);
+	EXPECT_EQ(Playlist->Num(), 0);
+}
+
+TEST(MediaPlayer, PlaylistLivesFromAnOpenToTheNextClose)
+{
+	FPlayerFixture Fixture;
+	UMediaPlayer* Player = Fixture.Player;
+	UMediaPlaylist* Playlist = Player->GetPlaylist();
 	for (const TCHAR* Name : {TEXT("a"), TEXT("b"), TEXT("c")})
 	{
 		Playlist->AddUrl(FScriptedMediaScope::Url(Name));
 	}
-	EXPECT_FALSE(Playlist->AddUrl(TEXT("")));
-	ASSERT_EQ(Playlist->Num(), 3);
-	EXPECT_EQ(Playlist->Get(1)->GetUrl(), TEXT("scripted://b"));
-	EXPECT_EQ(Playlist->Get(3), nullptr);
 
-	EXPECT_TRUE(Player->OpenPlaylistIndex(Playlist, 1));
-	EXPECT_EQ(Player->PlaylistIndex, 1);
+	// The player's own list may be passed back to it: the caller's pointer keeps it through the close.
+	EXPECT_TRUE(Player->OpenPlaylistIndex(Player->GetPlaylist(), 1));
+	EXPECT_EQ(Player->GetPlaylist(), Playlist);
+	EXPECT_EQ(Player->GetPlaylistIndex(), 1);
 	EXPECT_EQ(Player->GetUrl(), TEXT("scripted://b"));
 	EXPECT_TRUE(Player->IsPreparing());
 	Player->Next();
 	Player->Next();
-	EXPECT_EQ(Player->PlaylistIndex, 0) << "past the last entry wraps to the first";
+	EXPECT_EQ(Player->GetPlaylistIndex(), 0) << "past the last entry wraps to the first";
 	Player->Previous();
-	EXPECT_EQ(Player->PlaylistIndex, 2);
-	EXPECT_EQ(Player->GetUrl(), TEXT("scripted://c"));
+	EXPECT_EQ(Player->GetPlaylistIndex(), 2);
+	EXPECT_EQ(Player->GetPlaylist(), Playlist) << "stepping keeps the list";
 
-	Player->OpenUrl(TEXT("scripted://b"));
-	EXPECT_EQ(Player->PlaylistIndex, 1) << "opening a listed URL by another road points at its entry";
-	Player->OpenUrl(TEXT("scripted://elsewhere"));
-	EXPECT_EQ(Player->PlaylistIndex, INDEX_NONE);
-	Player->Close();
+	UE::Log::ClearCapturedLines();
+	EXPECT_FALSE(Player->OpenPlaylistIndex(Playlist, 3));
+	EXPECT_TRUE(Player->IsClosed()) << "the open closed the old media first";
 	EXPECT_EQ(Player->GetPlaylist(), Playlist);
-	EXPECT_EQ(Playlist->Num(), 3);
+	EXPECT_EQ(Player->GetPlaylistIndex(), INDEX_NONE);
+	EXPECT_FALSE(Player->OpenPlaylistIndex(nullptr, 0));
+	EXPECT_EQ(CountLogLines(TEXT("LogMediaAssets"), TEXT("playlist")), 2);
+	EXPECT_TRUE(Player->OpenPlaylistIndex(Playlist, INDEX_NONE)) << "INDEX_NONE opens nothing and is no failure";
+	EXPECT_TRUE(Player->IsClosed());
+	EXPECT_EQ(Player->GetPlaylist(), Playlist);
+
+	// Close drops the list; the next ask makes a new, empty one.
+	Player->OpenPlaylistIndex(Playlist, 2);
+	Player->Close();
+	EXPECT_EQ(Player->GetPlaylistIndex(), INDEX_NONE);
+	UMediaPlaylist* Fresh = Player->GetPlaylist();
+	EXPECT_NE(Fresh, Playlist);
+	EXPECT_EQ(Fresh->Num(), 0);
+	EXPECT_EQ(Playlist->Num(), 3) << "the list itself is left as it was";
+
+	// An open by URL closes, then plays a new one-entry list.
+	EXPECT_TRUE(Player->OpenUrl(FScriptedMediaScope::Url(TEXT("b"))));
+	ASSERT_NE(Player->GetPlaylist(), Fresh);
+	ASSERT_EQ(Player->GetPlaylist()->Num(), 1);
+	EXPECT_EQ(Player->GetPlaylist()->Get(0)->GetUrl(), TEXT("scripted://b"));
+	EXPECT_EQ(Player->GetPlaylistIndex(), 0);
 }
 
 TEST(MediaPlayer, CanPlayOnlyKnownSchemes)
@@ -334,6 +363,8 @@ TEST(MediaSoundComponent, AppliesTheVolumeMultiplierToWhatTheSinkReceives)
 	ASSERT_TRUE(Sink->IsOpen());
 	UE::Audio::SetAudioSink(Sink);
 	Fixture.OpenReady();
+	// The player's native output is not what the component plays: a native volume of 0 changes nothing heard.
+	EXPECT_FALSE(Fixture.Player->SetNativeVolume(0.f));
 	Tick(2);
 	// Three ticks so far. Each level plays for 30 frames; the scripted media's sound is a constant 0.5.
 	const float Levels[] = {1.f, 0.5f, 0.f};

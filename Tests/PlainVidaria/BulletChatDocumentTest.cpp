@@ -74,7 +74,7 @@ TEST(BulletChatDocument, FlawedRecordIsStillReadWithZeroes)
 	EXPECT_EQ(Records[0].ID, 0) << "an absent key";
 	EXPECT_TRUE(Records[0].Author.IsEmpty());
 	EXPECT_EQ(Records[0].Date, FDateTime()) << "an unreadable date stays zero";
-	EXPECT_EQ(Records[0].Time, FTimespan()) << "an unreadable time counts as the first second";
+	EXPECT_EQ(Records[0].Time, FTimespan::FromSeconds(90)) << "minutes and seconds, read from the right";
 	EXPECT_EQ(Records[0].Content, TEXT("hi"));
-	EXPECT_EQ(Records[1].Time, FTimespan()) << "a time is text, never a number of seconds";
+	EXPECT_EQ(Records[1].Time, FTimespan()) << "a number is read as its digits, and 65 is no second of a minute";
 }

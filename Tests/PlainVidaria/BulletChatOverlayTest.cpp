@@ -114,3 +114,17 @@ TEST(BulletChatOverlay, AppliesTheViewersSettingsToNewComments)
 	Rig.Overlay->AddDataThenSpawn(TEXT("{ \"id\": 3 }"), FScriptedMediaScope::Url(TEXT("lesson")));
 	EXPECT_EQ(Rig.ShownIDs(), (TArray<int32>{ 3 }));
 }
+
+TEST(BulletChatOverlay, ACommentWrittenAsMinutesAndSecondsFliesAtThatSecond)
+{
+	FOverlayRig Rig;
+	Rig.Scripted.Media(TEXT("lesson")).Duration = FTimespan::FromSeconds(120.0);
+	Rig.Overlay->Init(Rig.Player);
+	Rig.App.TickFrames(3);
+	Rig.Overlay->ResetDatas(TEXT("{ \"datas\": [ { \"id\": 7, \"time\": \"01:30\" } ] }"));
+	Rig.Player->Seek(FTimespan::FromSeconds(89.5));
+	Rig.PlayTo(89.7);
+	EXPECT_TRUE(Rig.ShownIDs().IsEmpty());
+	Rig.PlayTo(90.05);
+	EXPECT_EQ(Rig.ShownIDs(), (TArray<int32>{ 7 })) << "\"01:30\" is a minute and a half";
+}

@@ -3,6 +3,7 @@
 
 #include "BulletChatTestFixture.h"
 #include "Engine/World.h"
+#include "LaunchEngineLoop.h"
 
 #include <gtest/gtest.h>
 
@@ -112,4 +113,26 @@ TEST(BulletChatNode, FliesInFixedStepsAndPausesWithoutAgeing)
 	EXPECT_TRUE(Rig.App.TickUntil([&] { return !Rig.Canvas->HasChild(Node); }, 2000));
 	EXPECT_GT(Node->GetPosition().X, -240.0 - 1.41);
 	EXPECT_NEAR(Rig.App.GetWorld()->GetTimeSeconds(), 2.0 / 60 + 1.0 + 20.0 + (FlightTime - 1.0), 0.1);
+}
+
+TEST(BulletChatNode, AnEndedNodeAnnouncesItsEndOnceAndItsTimerStops)
+{
+	FManagerRig Rig(FVector2D(800.0, 600.0));
+	Rig.Spawn(1);
+	Rig.App.TickFrames(2);
+	UUI_BulletChatNode* Node = NodesOn(Rig.Canvas)[0];
+	int32 Ends = 0;
+	Node->OnNodeEndDelegate.AddLambda([&Ends](UUI_BulletChatNode*) { ++Ends; });
+
+	// Frames of a tenth of a second: the 0.01 s flight timer catches up ten times in each, and
+	// the node leaves (and is destructed, which stops its timer) at the first step past the end.
+	for (int32 Frame = 0; Frame < 200 && Ends == 0; ++Frame)
+	{
+		Rig.App.GetLoop().Tick(0.1f);
+	}
+	EXPECT_EQ(Ends, 1);
+	EXPECT_FALSE(Rig.Canvas->HasChild(Node));
+	Rig.App.GetLoop().Tick(0.1f);
+	Rig.App.GetLoop().Tick(0.1f);
+	EXPECT_EQ(Ends, 1);
 }

@@ -3,6 +3,9 @@
 
 #include "VidariaSystemFixture.h"
 
+#include "Blueprint/WidgetTree.h"
+#include "Components/CanvasPanel.h"
+#include "Components/CanvasPanelSlot.h"
 #include "Components/CheckBox.h"
 #include "Components/ComboBoxString.h"
 #include "Components/Image.h"
@@ -20,24 +23,39 @@ protected:
 
 	int32 Plays(const TCHAR* Name) const { return App.CountAnimationPlays(Widget, Name); }
 
-	/** Puts the player between the two children of a box on screen (the volume board's row serves). */
+	/**
+	 * Puts the player, at the viewport's size, between two images on a canvas on screen (a host
+	 * user widget whose tree is swapped for that canvas; the volume board serves).
+	 */
 	void ShowInPanel()
 	{
 		ASSERT_TRUE(Create());
 		UUserWidget* Host = App.CreateWidgetFromBlueprint<UUserWidget>(TEXT("/Game/UI/WBP_VolumeProgress"));
 		ASSERT_NE(Host, nullptr);
-		Box = Cast<UPanelWidget>(App.FindWidget(Host, TEXT("BoardBox")));
-		Before = App.FindWidget(Host, TEXT("VolumeProgress"));
-		After = App.FindWidget(Host, TEXT("VolumeValue"));
-		After->RemoveFromParent();
-		Box->AddChild(Widget);
-		Box->AddChild(After);
+		UCanvasPanel* Canvas = Host->WidgetTree->ConstructWidget<UCanvasPanel>();
+		Host->WidgetTree->RootWidget = Canvas;
+		Box = Canvas;
+		Before = Host->WidgetTree->ConstructWidget<UImage>();
+		After = Host->WidgetTree->ConstructWidget<UImage>();
+		Canvas->AddChild(Before);
+		Canvas->AddChildToCanvas(Widget)->SetSize(FVector2D(1280.0, 720.0));
+		Canvas->AddChild(After);
 		Host->AddToViewport();
 		App.TickFrame();
 	}
 
-	/** What a viewer's click on the full-screen box tells the player. */
-	void ClickScreenButton(bool bChecked) { Child<UCheckBox>(TEXT("ScreenButton"))->OnCheckStateChanged.Broadcast(bChecked); }
+	/**
+	 * A viewer's click on the full-screen box: the pointer moving over the player opens the bar,
+	 * then the click goes through the player. Only a routed click holds the player while its handler moves
+	 * it, so only then does it stay constructed across the move, as in the engine.
+	 */
+	void ClickScreenButton()
+	{
+		App.MovePointerTo(FVector2D(600.0, 300.0));
+		App.MovePointerTo(FVector2D(640.0, 320.0));
+		App.TickSeconds(0.5);
+		App.ClickWidget(Widget, TEXT("ScreenButton"));
+	}
 
 	UPanelWidget* Box = nullptr;
 	UWidget* Before = nullptr;
@@ -91,16 +109,17 @@ TEST_F(LessonPlayerControlBar, ShowUIOffBeforeConstructionRunsNoBarAnimationLate
 TEST_F(LessonPlayerControlBar, FullScreenAndBackKeepsTheSiblingOrder)
 {
 	ShowInPanel();
-	ClickScreenButton(true);
+	ClickScreenButton();
 	EXPECT_TRUE(Widget->IsInViewport());
 	EXPECT_EQ(Box->GetAllChildren(), (TArray<UWidget*>{Before, After}));
 	EXPECT_TRUE(Child<UCheckBox>(TEXT("ScreenButton"))->IsChecked());
 	App.TickFrame();
 
-	ClickScreenButton(false);
+	ClickScreenButton();
 	EXPECT_FALSE(Widget->IsInViewport());
 	EXPECT_EQ(Box->GetAllChildren(), (TArray<UWidget*>{Before, Widget, After}));
 	EXPECT_FALSE(Child<UCheckBox>(TEXT("ScreenButton"))->IsChecked());
+	EXPECT_TRUE(Player->OnEndReached.IsBound()) << "never destructed on the way: its destruct would have emptied the list";
 }
 
 TEST_F(LessonPlayerControlBar, SetVidariaTypeDecidesTheNextClickWithoutMovingAnything)
@@ -110,10 +129,10 @@ TEST_F(LessonPlayerControlBar, SetVidariaTypeDecidesTheNextClickWithoutMovingAny
 	EXPECT_TRUE(Child<UCheckBox>(TEXT("ScreenButton"))->IsChecked());
 
 	// The click takes the way back; with no panel saved yet it stops before moving the player.
-	ClickScreenButton(false);
+	ClickScreenButton();
 	EXPECT_FALSE(Child<UCheckBox>(TEXT("ScreenButton"))->IsChecked());
 	EXPECT_EQ(Box->GetAllChildren(), (TArray<UWidget*>{Before, Widget, After}));
-	ClickScreenButton(true);
+	ClickScreenButton();
 	EXPECT_TRUE(Widget->IsInViewport());
 }
 

@@ -242,44 +242,68 @@ TEST_F(WidgetViewportTest, ClicksAndDragsRaiseEventsButCodeDoesNot)
 	EXPECT_EQ(Listener->Events, (TArray<FString>{})) << "a disabled button takes no click";
 }
 
-TEST_F(WidgetViewportTest, UserWidgetsConstructOnScreenAndDestructWhenAFrameEndsWithThemOff)
+TEST_F(WidgetViewportTest, UserWidgetsDestructAsSoonAsNothingHoldsThem)
 {
 	UTestRecordingWidget* Panel = MakeRecorder(TEXT("Panel"));
 	UTestRecordingWidget* Player = MakeRecorder(TEXT("Player"));
 	UTestRecordingWidget* Volume = MakeRecorder(TEXT("Volume"));
+	UButton* ScreenButton = Player->WidgetTree->ConstructWidget<UButton>();
 	Place(Player, Volume, FVector2D::ZeroVector, FVector2D(10.0, 10.0));
+	Place(Player, ScreenButton, FVector2D(20.0, 20.0), FVector2D(30.0, 30.0));
 	Place(Panel, Player, FVector2D::ZeroVector, FVector2D(100.0, 100.0));
+	UTestWidgetListener* Listener = NewObject<UTestWidgetListener>();
+	ScreenButton->OnClicked.AddDynamic(Listener, &UTestWidgetListener::OnClicked);
 	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{})) << "nothing is constructed off screen";
 
 	Panel->AddToViewport();
 	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Volume:Construct"), TEXT("Player:Construct"), TEXT("Panel:Construct") }));
-
 	UTestRecordingWidget::Journal.Reset();
 	FWidgetViewport::Get().TickWidgets(0.1f);
 	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Panel:Tick"), TEXT("Player:Tick"), TEXT("Volume:Tick") }));
 
-	// Full screen and back within one frame: the player stays constructed.
+	// Outside any event, leaving the screen destructs at once, parents first; back, it constructs again.
 	UTestRecordingWidget::Journal.Reset();
 	Player->RemoveFromParent();
-	Player->AddToViewport(99);
-	Frame();
-	EXPECT_TRUE(Player->IsInViewport());
-	Player->RemoveFromParent();
+	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Player:Destruct"), TEXT("Volume:Destruct") }));
 	CanvasOf(Panel)->AddChild(Player);
+	Cast<UCanvasPanelSlot>(Player->Slot)->SetSize(FVector2D(100.0, 100.0));
 	Frame();
-	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Panel:Tick"), TEXT("Player:Tick"), TEXT("Volume:Tick"),
-		TEXT("Panel:Tick"), TEXT("Player:Tick"), TEXT("Volume:Tick") }));
-
-	// Hidden widgets do not tick; off screen at the frame's end, a widget and its children destruct.
-	UTestRecordingWidget::Journal.Reset();
-	Player->SetVisibility(ESlateVisibility::Hidden);
-	Player->RemoveFromParent();
-	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{}));
+	FWidgetViewport::Get().QueuePointerMove(FVector2D(30.0, 30.0));
 	Frame();
-	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Panel:Tick"), TEXT("Player:Destruct"), TEXT("Volume:Destruct") }));
 
+	// A click on a widget inside the player: the routed event holds the player, so moving it into
+	// the viewport within the handler neither destructs nor constructs it (full screen).
+	Listener->ClickAction = [Player] {
+		Player->RemoveFromParent();
+		Player->AddToViewport(99);
+	};
 	UTestRecordingWidget::Journal.Reset();
-	Player->SetVisibility(ESlateVisibility::Visible);
-	Player->AddToViewport();
-	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Volume:Construct"), TEXT("Player:Construct") }));
+	Click(FVector2D(30.0, 30.0));
+	EXPECT_TRUE(Player->IsInViewport());
+	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Panel:Tick"), TEXT("Player:Tick"), TEXT("Volume:Tick") }));
+
+	// Taken off in a handler and left off, it goes once the event is done, before the next one.
+	Listener->ClickAction = [Player] {
+		Player->RemoveFromParent();
+		UTestRecordingWidget::Journal.Add(TEXT("Handler:Done"));
+	};
+	UTestRecordingWidget::Journal.Reset();
+	FWidgetViewport::Get().QueuePointerPress(FVector2D(30.0, 30.0));
+	FWidgetViewport::Get().QueuePointerRelease(FVector2D(30.0, 30.0));
+	FWidgetViewport::Get().QueuePointerMove(FVector2D(700.0, 500.0));
+	Frame();
+	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Handler:Done"), TEXT("Player:Destruct"), TEXT("Volume:Destruct"),
+		TEXT("Panel:Leave"), TEXT("Panel:Tick") })) << "a destructed widget hears no more of the pointer";
+	Listener->ClickAction = nullptr;
+
+	// A widget taken off during its own tick is destructed after the tick pass, not inside its tick.
+	CanvasOf(Panel)->AddChild(Player);
+	Player->TickAction = [Player] {
+		Player->RemoveFromParent();
+		UTestRecordingWidget::Journal.Add(TEXT("Player:TickDone"));
+	};
+	UTestRecordingWidget::Journal.Reset();
+	FWidgetViewport::Get().TickWidgets(0.1f);
+	EXPECT_EQ(UTestRecordingWidget::Journal, (TArray<FString>{ TEXT("Panel:Tick"), TEXT("Player:Tick"), TEXT("Player:TickDone"),
+		TEXT("Player:Destruct"), TEXT("Volume:Destruct") }));
 }

@@ -5,6 +5,7 @@
 
 #include "CoreMinimal.h"
 #include "Blueprint/UserWidget.h"
+#include "Templates/Function.h"
 #include "Types/SlateEnums.h"
 #include "WidgetViewportTestTypes.generated.h"
 
@@ -21,11 +22,20 @@ public:
 	TArray<FVector2D> MoveDeltas;
 	/** Whether moves stop here. */
 	bool bHandleMoves = false;
+	/** Run at the end of each NativeTick, when set. */
+	TFunction<void()> TickAction;
 
 protected:
 	void NativeConstruct() override { Journal.Add(GetName() + TEXT(":Construct")); }
 	void NativeDestruct() override { Journal.Add(GetName() + TEXT(":Destruct")); }
-	void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) override { Journal.Add(GetName() + TEXT(":Tick")); }
+	void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) override
+	{
+		Journal.Add(GetName() + TEXT(":Tick"));
+		if (TickAction)
+		{
+			TickAction();
+		}
+	}
 	void NativeOnMouseEnter(const FGeometry& InGeometry, const FPointerEvent& InMouseEvent) override { Journal.Add(GetName() + TEXT(":Enter")); }
 	void NativeOnMouseLeave(const FPointerEvent& InMouseEvent) override { Journal.Add(GetName() + TEXT(":Leave")); }
 	FReply NativeOnMouseMove(const FGeometry& InGeometry, const FPointerEvent& InMouseEvent) override
@@ -45,9 +55,18 @@ class UTestWidgetListener : public UObject
 public:
 	/** Event names with their values, in order. */
 	TArray<FString> Events;
+	/** Run after a click is recorded, when set. */
+	TFunction<void()> ClickAction;
 
 	UFUNCTION()
-	void OnClicked() { Events.Add(TEXT("Clicked")); }
+	void OnClicked()
+	{
+		Events.Add(TEXT("Clicked"));
+		if (ClickAction)
+		{
+			ClickAction();
+		}
+	}
 
 	UFUNCTION()
 	void OnCheckStateChanged(bool bIsChecked) { Events.Add(bIsChecked ? TEXT("Checked") : TEXT("Unchecked")); }

@@ -6,9 +6,12 @@
 #include "MediaBackendRegistry.h"
 #include "MediaPlaylist.h"
 #include "MediaSource.h"
+#include "StreamMediaSource.h"
 #include "Misc/Paths.h"
 #include "Templates/Casts.h"
 #include "UObject/UObjectGlobals.h"
+
+#include <cstdlib>
 
 DEFINE_LOG_CATEGORY(LogMediaAssets);
 
@@ -24,77 +27,68 @@ bool UMediaPlayer::CanPlayUrl(const FString& Url)
 
 bool UMediaPlayer::OpenUrl(const FString& Url)
 {
-	SyncPlaylistIndex(Url);
-	return OpenLocation(Url, Url);
+	Close();
+	UStreamMediaSource* Source = NewObject<UStreamMediaSource>(this);
+	Source->StreamUrl = Url;
+	return OpenAsNewPlaylist(Source);
 }
 
 bool UMediaPlayer::OpenFile(const FString& FilePath)
 {
-	if (FilePath.IsEmpty())
-	{
-		return OpenLocation(FilePath, FilePath);
-	}
+	Close();
 	UFileMediaSource* Source = NewObject<UFileMediaSource>(this);
 	Source->SetFilePath(FilePath);
-	return OpenSource(Source);
+	return OpenAsNewPlaylist(Source);
 }
 
 bool UMediaPlayer::OpenSource(UMediaSource* MediaSource)
 {
+	Close();
 	if (!MediaSource)
 	{
+		UE_LOG(LogMediaAssets, Warning, TEXT("Cannot open media: no media source given"));
 		return false;
 	}
-	const FString Url = MediaSource->GetUrl();
-	SyncPlaylistIndex(Url);
-	// A file is handed to the backend as a plain path: a file:// URL would have its '%' decoded.
-	const UFileMediaSource* File = Cast<UFileMediaSource>(MediaSource);
-	return OpenLocation(Url, File ? File->GetFullPath() : Url);
+	return OpenAsNewPlaylist(MediaSource);
 }
 
 bool UMediaPlayer::OpenPlaylistIndex(UMediaPlaylist* InPlaylist, int32 Index)
 {
+	// The caller holds InPlaylist, so passing the player's own list survives the Close.
+	Close();
 	if (!InPlaylist)
 	{
+		UE_LOG(LogMediaAssets, Warning, TEXT("Cannot open a playlist entry: no playlist given"));
 		return false;
 	}
 	Playlist = InPlaylist;
-	UMediaSource* Source = InPlaylist->Get(Index);
-	if (!Source)
+	if (Index == INDEX_NONE)
 	{
+		return true;
+	}
+	if (!InPlaylist->Get(Index))
+	{
+		UE_LOG(LogMediaAssets, Warning, TEXT("Cannot open playlist entry %d: the playlist has %d entries"), Index, InPlaylist->Num());
 		return false;
 	}
-	PlaylistIndex = Index;
-	const FString Url = Source->GetUrl();
-	const UFileMediaSource* File = Cast<UFileMediaSource>(Source);
-	return OpenLocation(Url, File ? File->GetFullPath() : Url);
+	return OpenEntry(Index);
 }
 
 bool UMediaPlayer::Next()
 {
-	if (!Playlist || Playlist->Num() == 0)
-	{
-		return false;
-	}
-	int32 Index = PlaylistIndex;
-	Playlist->GetNext(Index);
-	return OpenPlaylistIndex(Playlist, Index);
+	return StepPlaylist(true);
 }
 
 bool UMediaPlayer::Previous()
 {
-	if (!Playlist || Playlist->Num() == 0)
-	{
-		return false;
-	}
-	int32 Index = PlaylistIndex;
-	Playlist->GetPrevious(Index);
-	return OpenPlaylistIndex(Playlist, Index);
+	return StepPlaylist(false);
 }
 
 void UMediaPlayer::Close()
 {
 	CloseMedia(true);
+	Playlist = nullptr;
+	PlaylistIndex = INDEX_NONE;
 }
 
 bool UMediaPlayer::Play()
@@ -200,18 +194,59 @@ FTimespan UMediaPlayer::GetDuration() const
 	return IsReady() ? Backend->GetDuration() : FTimespan::Zero();
 }
 
-void UMediaPlayer::EnsurePlaylist()
+void UMediaPlayer::EnsurePlaylist() const
 {
 	if (!Playlist)
 	{
-		Playlist = NewObject<UMediaPlaylist>(this);
+		Playlist = NewObject<UMediaPlaylist>(const_cast<UMediaPlayer*>(this));
 	}
 }
 
-UMediaPlaylist& UMediaPlayer::GetPlaylistRef()
+bool UMediaPlayer::OpenAsNewPlaylist(UMediaSource* Source)
 {
-	EnsurePlaylist();
-	return *Playlist;
+	Playlist = NewObject<UMediaPlaylist>(this);
+	Playlist->Add(Source);
+	return OpenEntry(0);
+}
+
+bool UMediaPlayer::StepPlaylist(bool bForward)
+{
+	// No list is made here: with none (after a close), there is nothing to step to.
+	if (!Playlist || Playlist->Num() == 0)
+	{
+		return false;
+	}
+	UMediaPlaylist& List = *Playlist;
+	int32 Index = PlaylistIndex;
+	if (Shuffle)
+	{
+		Index = std::rand() % List.Num();
+	}
+	else if (bForward)
+	{
+		List.GetNext(Index);
+	}
+	else
+	{
+		List.GetPrevious(Index);
+	}
+	return OpenEntry(Index);
+}
+
+bool UMediaPlayer::OpenEntry(int32 Index)
+{
+	UMediaSource* Source = Playlist ? Playlist->Get(Index) : nullptr;
+	if (!Source)
+	{
+		return false;
+	}
+	PlaylistIndex = Index;
+	// A file is handed to the backend as a plain path: a file:// URL would have its '%' decoded.
+	// A file source without a path has no URL either, and is refused as such.
+	const UFileMediaSource* File = Cast<UFileMediaSource>(Source);
+	const FString Location = File ? File->GetFullPath() : Source->GetUrl();
+	const FString Url = File && Location.IsEmpty() ? FString() : Source->GetUrl();
+	return OpenLocation(Url, Location);
 }
 
 bool UMediaPlayer::OpenLocation(const FString& Url, const FString& Location)
@@ -291,24 +326,4 @@ bool UMediaPlayer::StartOver()
 	bInternalSeek = true;
 	bAtEnd = false;
 	return true;
-}
-
-void UMediaPlayer::SyncPlaylistIndex(const FString& Url)
-{
-	// Opened by another road than the playlist: point at the entry with this URL, if there is
-	// one, so Next and Previous go on from there; else INDEX_NONE, so Next starts at the top.
-	PlaylistIndex = INDEX_NONE;
-	if (!Playlist)
-	{
-		return;
-	}
-	for (int32 Index = 0; Index < Playlist->Num(); ++Index)
-	{
-		UMediaSource* Source = Playlist->Get(Index);
-		if (Source && Source->GetUrl() == Url)
-		{
-			PlaylistIndex = Index;
-			return;
-		}
-	}
 }

@@ -23,6 +23,8 @@ DECLARE_DYNAMIC_MULTICAST_DELEGATE_OneParam(FOnMediaPlayerMediaOpenFailed, FStri
 /**
  * Plays one media at a time, opened asynchronously: an open returns at once and leaves the player
  * preparing until OnMediaOpened or OnMediaOpenFailed. A closed player can be opened again.
+ * The playlist lives from one open to the next Close: Close (and every open, which closes first)
+ * drops it, so a caller that steps through entries keeps its own list of them.
  */
 UCLASS(BlueprintType)
 class MEDIAASSETS_API UMediaPlayer : public UObject
@@ -36,28 +38,32 @@ public:
 	/** True if a backend can play Url (a registered scheme, or http, https and ftp). */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool CanPlayUrl(const FString& Url);
-	/** Starts opening Url; true means the player will try (OnMediaOpened or OnMediaOpenFailed follows). */
+	/** Closes, then starts opening Url as a new one-entry playlist; true means the player will try (OnMediaOpened or OnMediaOpenFailed follows). */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool OpenUrl(const FString& Url);
-	/** Starts opening a local file (see UFileMediaSource for relative paths). */
+	/** Closes, then starts opening a local file as a new one-entry playlist (see UFileMediaSource for relative paths). */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool OpenFile(const FString& FilePath);
-	/** Starts opening a media source. */
+	/** Closes, then starts opening a media source as a new one-entry playlist. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool OpenSource(UMediaSource* MediaSource);
 	/** Opens the first entry of InPlaylist, which becomes this player's playlist. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool OpenPlaylist(UMediaPlaylist* InPlaylist) { return OpenPlaylistIndex(InPlaylist, 0); }
-	/** Opens entry Index of InPlaylist, which becomes this player's playlist; PlaylistIndex moves to it. */
+	/**
+	 * Closes, then makes InPlaylist the player's playlist (the player's own list may be passed)
+	 * and opens entry Index; PlaylistIndex moves to it. INDEX_NONE opens nothing and returns true;
+	 * a null list or an index outside it logs a warning and returns false.
+	 */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool OpenPlaylistIndex(UMediaPlaylist* InPlaylist, int32 Index);
-	/** Opens the playlist's next entry, wrapping to the first. */
+	/** Opens the playlist's next entry (a random one with Shuffle), wrapping to the first; the playlist stays. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool Next();
-	/** Opens the playlist's previous entry, wrapping to the last. */
+	/** Opens the playlist's previous entry (a random one with Shuffle), wrapping to the last; the playlist stays. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool Previous();
-	/** Closes the media, if any; the player can be opened again. */
+	/** Closes the media, if any, and drops the playlist (PlaylistIndex goes to INDEX_NONE); the player can be opened again. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	void Close();
 
@@ -82,7 +88,7 @@ public:
 	/** True for rates SetRate accepts. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool SupportsRate(float Rate, bool Unthinned) const { return Rate >= 0.f; }
-	/** Volume of the backend's native audio output; false when it has none (sound goes through UMediaSoundComponent). */
+	/** Volume of the backend's native audio output; false when it has none. Sound taken through a UMediaSoundComponent does not change. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	bool SetNativeVolume(float Volume);
 	/** Sets Loop. */
@@ -123,13 +129,19 @@ public:
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	FString GetUrl() const { return CurrentUrl; }
 
-	/** Makes the player's own playlist if it has none yet. */
-	void EnsurePlaylist();
-	/** The player's playlist; null until EnsurePlaylist or an OpenPlaylist. */
+	/** The player's playlist, never null: a new, empty one if the player has none (after Close, say). */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
-	UMediaPlaylist* GetPlaylist() const { return Playlist; }
-	/** The player's playlist, made if needed. */
-	UMediaPlaylist& GetPlaylistRef();
+	UMediaPlaylist* GetPlaylist() const
+	{
+		EnsurePlaylist();
+		return Playlist;
+	}
+	/** The same as GetPlaylist, as a reference. */
+	UMediaPlaylist& GetPlaylistRef() const
+	{
+		EnsurePlaylist();
+		return *Playlist;
+	}
 	/** Gives PlaylistIndex. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
 	int32 GetPlaylistIndex() const { return PlaylistIndex; }
@@ -171,6 +183,9 @@ public:
 	/** Start over when the end is reached. */
 	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Playback")
 	bool Loop = false;
+	/** Next and Previous open a random entry of the playlist instead of the neighbouring one. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Playback")
+	bool Shuffle = false;
 	/** Index in the playlist of the media opened from it (INDEX_NONE if none); Next and Previous move it. */
 	UPROPERTY(BlueprintReadOnly, Category = "Playback")
 	int32 PlaylistIndex = INDEX_NONE;
@@ -190,9 +205,9 @@ public:
 	void BeginDestroy() override;
 
 protected:
-	/** The player's own playlist; Next and Previous step through it. */
+	/** The playlist of the media open, made by an open or by GetPlaylist; Close drops it. */
 	UPROPERTY(BlueprintReadOnly, Transient, Category = "Playback")
-	TObjectPtr<UMediaPlaylist> Playlist;
+	mutable TObjectPtr<UMediaPlaylist> Playlist;
 
 private:
 	enum class EState : uint8
@@ -218,6 +233,14 @@ private:
 		FString Url;
 	};
 
+	/** Makes the player's own, empty playlist if it has none. */
+	void EnsurePlaylist() const;
+	/** Closes, then opens Source as the only entry of a new playlist. */
+	bool OpenAsNewPlaylist(UMediaSource* Source);
+	/** Next and Previous: the neighbouring entry, or a random one with Shuffle. */
+	bool StepPlaylist(bool bForward);
+	/** Opens entry Index of the current playlist without closing it first (Next, Previous). */
+	bool OpenEntry(int32 Index);
 	bool OpenLocation(const FString& Url, const FString& Location);
 	// Url by value: callers pass CurrentUrl, which this clears.
 	void FailOpen(const FString Url, const FString& Reason);
@@ -225,7 +248,6 @@ private:
 	void HandleBackendEvents();
 	void BroadcastQueued();
 	bool StartOver();
-	void SyncPlaylistIndex(const FString& Url);
 
 	// The backend of the media open or opening; null when closed. Game thread only, as all below.
 	TUniquePtr<IMediaBackend> Backend;

@@ -12,6 +12,7 @@
 #include "LessonEventRelay.h"
 #include "LessonPlayerPaths.h"
 #include "MediaPlayer.h"
+#include "MediaPlaylist.h"
 #include "Misc/DateTime.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
@@ -130,13 +131,28 @@ bool FLessonSession::Start()
 	ApplyCommentSettings(false);
 
 	BindEvents();
+	OpenLesson(0);
+	return true;
+}
+
+void FLessonSession::RefillPlaylist()
+{
+	UMediaPlaylist* Playlist = MediaPlayer->GetPlaylist();
+	if (Playlist && Playlist->Num() > 0)
+	{
+		return;
+	}
 	for (const FString& Url : Urls)
 	{
 		PlayerWidget->AddToPlaylist(Url);
 	}
 	PlayerWidget->RefreshPreviousAndNextButtons();
-	PlayerWidget->OpenPlaylistUrl(Urls[0]);
-	return true;
+}
+
+void FLessonSession::OpenLesson(int32 Entry)
+{
+	RefillPlaylist();
+	PlayerWidget->OpenPlaylistUrl(Urls[Entry]);
 }
 
 void FLessonSession::ResolveLessons()
@@ -215,7 +231,9 @@ void FLessonSession::BindEvents()
 		CurrentEntry = Entry == INDEX_NONE ? CurrentEntry : Entry;
 		AdvanceOrFinish();
 	};
-	Handlers.LessonFinished = [this] { AdvanceOrFinish(); };
+	// The lesson player closes the media player right after telling of the end, which also drops
+	// the playlist; the next lesson opens after that, at the end of the frame.
+	Handlers.LessonFinished = [this] { bAdvancePending = true; };
 
 	MediaPlayer->OnSeekCompleted.AddDynamic(Relay, &ULessonEventRelay::HandleSeekCompleted);
 	MediaPlayer->OnPlaybackSuspended.AddDynamic(Relay, &ULessonEventRelay::HandlePlaybackSuspended);
@@ -230,6 +248,11 @@ void FLessonSession::Tick(float DeltaSeconds)
 {
 	App.GetLoop().Tick(DeltaSeconds);
 	++FramesRun;
+	if (bAdvancePending)
+	{
+		bAdvancePending = false;
+		AdvanceOrFinish();
+	}
 	if (!bCommentsLoaded && FramesRun >= FramesBeforeOverlayStarts)
 	{
 		bCommentsLoaded = true;
@@ -252,10 +275,12 @@ void FLessonSession::AdvanceOrFinish()
 {
 	if (CurrentEntry + 1 < Urls.Num())
 	{
-		PlayerWidget->OpenPlaylistUrl(Urls[CurrentEntry + 1]);
+		OpenLesson(CurrentEntry + 1);
 		return;
 	}
 	bFinished = true;
+	// Listed again, so the step buttons still lead to a lesson after the last one has ended.
+	RefillPlaylist();
 }
 
 void FLessonSession::SendComment(const FString& Text)
@@ -295,7 +320,7 @@ void FLessonSession::HandleKey(ELessonKey Key)
 		else if (MediaPlayer->IsClosed())
 		{
 			// After the end, the key plays the lesson again from its start.
-			PlayerWidget->OpenPlaylistUrl(Urls[CurrentEntry]);
+			OpenLesson(CurrentEntry);
 		}
 		break;
 	case ELessonKey::SeekBackward:

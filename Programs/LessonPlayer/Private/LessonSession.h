@@ -66,8 +66,16 @@ private:
 	void BindEvents();
 	/** Applies CommentSettings to the overlay and stores them in the viewer's save slot. */
 	void ApplyCommentSettings(bool bStore);
-	/** Opens the playlist entry after the current one, or ends the session when there is none. */
+	/** Opens the lesson after the current one, or ends the session (the lessons listed again) when there is none. */
 	void AdvanceOrFinish();
+	/** Lists the lessons in the player's playlist again if it has lost them, and opens lesson Entry. */
+	void OpenLesson(int32 Entry);
+	/**
+	 * Lists the lessons in the player's playlist if it is empty. The player drops its playlist at
+	 * every close, and the lesson player closes it at the end of each lesson, so the session keeps
+	 * the lessons itself and hands them over again whenever the list is gone.
+	 */
+	void RefillPlaylist();
 	/** The volume keys: a step of the multiplier, shown on the volume board. */
 	void StepVolume(float Delta);
 	/** The mute key: what a click on the mute box does. */
@@ -79,7 +87,7 @@ private:
 	FLessonPlayerOptions Options;
 	// The world, viewport and frame loop the widgets live in.
 	FHeadlessApplication& App;
-	// The playlist, as URLs the media player takes.
+	// The lessons, as URLs the media player takes; the player's own playlist is refilled from it.
 	TArray<FString> Urls;
 	// The comment document's text, kept until the overlay has started and can take it.
 	FString CommentDocument;
@@ -103,4 +111,6 @@ private:
 	bool bPlayedAnything = false;
 	// Nothing is left to play.
 	bool bFinished = false;
+	// A lesson ended during this frame; the next opens once the lesson player has closed the player.
+	bool bAdvancePending = false;
 };

@@ -9,15 +9,10 @@
 
 namespace
 {
-	/** The player's playlist, made on first use; null without a player. Asked anew each time, never kept. */
+	/** The player's playlist (the player makes one when it has none); null without a player. Asked anew each time, never kept: a close drops it. */
 	UMediaPlaylist* FindPlaylist(UMediaPlayer* Player)
 	{
-		if (!Player)
-		{
-			return nullptr;
-		}
-		Player->EnsurePlaylist();
-		return Player->GetPlaylist();
+		return Player ? Player->GetPlaylist() : nullptr;
 	}
 } // namespace
 

@@ -1,8 +1,10 @@
-// FDateTime's text parsers. Both are strict: a text that is not exactly one of the documented
-// forms is refused rather than half-read, and the output is only written on success.
+// FDateTime's text parsers. Parse reads as loosely as the engine's own (texts written for it rely
+// on that); ParseIso8601 is strict. Both write their output only on success.
 
 #include "Misc/DateTime.h"
 
+#include "Containers/Array.h"
+#include "Misc/CString.h"
 #include "Misc/Char.h"
 
 namespace
@@ -59,36 +61,41 @@ namespace
 
 bool FDateTime::Parse(const FString& DateTimeString, FDateTime& OutDateTime)
 {
-	// "yyyy.mm.dd-hh.mm.ss" is what ToString writes; "yyyy-mm-dd hh:mm:ss" is how people and
-	// databases write the same moment. The first separator decides which form the rest must follow.
-	const TCHAR* Cursor = *DateTimeString;
-	int32 Year = 0;
-	int32 Month = 0;
-	int32 Day = 0;
-	int32 Hour = 0;
-	int32 Minute = 0;
-	int32 Second = 0;
-	int32 Millisecond = 0;
-	if (!ReadFixed(Cursor, 4, Year) || (*Cursor != '.' && *Cursor != '-'))
+	// '-', ':', '.' and ' ' all separate fields, empty fields are dropped, and six or seven fields
+	// must remain: year, month, day, hour, minute, second and an optional millisecond count. Each
+	// field is read as FCString::Atoi reads it (its leading digits), so "2024.3.5-9.7.0" is read,
+	// "2024-03-05 09:07:00" too, and a seventh field of "5" is 5 ms, not 500.
+	const TCHAR* Text = *DateTimeString;
+	const int32 Length = DateTimeString.Len();
+	TArray<FString> Fields;
+	int32 FieldStart = 0;
+	for (int32 Index = 0; Index <= Length; ++Index)
+	{
+		const TCHAR Char = Index < Length ? Text[Index] : TCHAR(' ');
+		if (Char != '-' && Char != ':' && Char != '.' && Char != ' ')
+		{
+			continue;
+		}
+		if (Index > FieldStart)
+		{
+			Fields.Add(DateTimeString.Mid(FieldStart, Index - FieldStart));
+		}
+		FieldStart = Index + 1;
+	}
+	if (Fields.Num() < 6 || Fields.Num() > 7)
 	{
 		return false;
 	}
-	const bool bEngineForm = (*Cursor == '.');
-	const TCHAR DateSeparator = bEngineForm ? '.' : '-';
-	const TCHAR Joint = bEngineForm ? '-' : ' ';
-	const TCHAR TimeSeparator = bEngineForm ? '.' : ':';
-	const bool bRead = Expect(Cursor, DateSeparator) && ReadFixed(Cursor, 2, Month) && Expect(Cursor, DateSeparator) && ReadFixed(Cursor, 2, Day)
-		&& Expect(Cursor, Joint) && ReadFixed(Cursor, 2, Hour) && Expect(Cursor, TimeSeparator) && ReadFixed(Cursor, 2, Minute)
-		&& Expect(Cursor, TimeSeparator) && ReadFixed(Cursor, 2, Second);
-	if (!bRead || (*Cursor == '.' && !(++Cursor, ReadFixed(Cursor, 3, Millisecond))) || *Cursor != 0)
+	int32 Values[7] = {};
+	for (int32 Field = 0; Field < Fields.Num(); ++Field)
+	{
+		Values[Field] = FCString::Atoi(*Fields[Field]);
+	}
+	if (!Validate(Values[0], Values[1], Values[2], Values[3], Values[4], Values[5], Values[6]))
 	{
 		return false;
 	}
-	if (!Validate(Year, Month, Day, Hour, Minute, Second, Millisecond))
-	{
-		return false;
-	}
-	OutDateTime = FDateTime(Year, Month, Day, Hour, Minute, Second, Millisecond);
+	OutDateTime = FDateTime(Values[0], Values[1], Values[2], Values[3], Values[4], Values[5], Values[6]);
 	return true;
 }
 

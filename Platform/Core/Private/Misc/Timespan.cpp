@@ -1,5 +1,6 @@
 #include "Misc/Timespan.h"
 
+#include "Containers/Array.h"
 #include "Misc/Char.h"
 
 #include <cmath>
@@ -41,19 +42,6 @@ namespace
 	void AppendPadded(FString& Out, uint64 Value, int32 Digits)
 	{
 		Out.Appendf(TEXT("%0*llu"), Digits, Value);
-	}
-
-	// Reads a run of decimal digits; returns how many were read.
-	int32 ReadDigits(const TCHAR*& Cursor, uint64& OutValue)
-	{
-		int32 Count = 0;
-		OutValue = 0;
-		while (FChar::IsDigit(*Cursor) && Count < 19)
-		{
-			OutValue = OutValue * 10 + static_cast<uint64>(*Cursor++ - '0');
-			++Count;
-		}
-		return FChar::IsDigit(*Cursor) ? 0 : Count;
 	}
 }
 
@@ -169,66 +157,83 @@ FString FTimespan::ToString(const TCHAR* Format) const
 
 bool FTimespan::Parse(const FString& TimespanString, FTimespan& OutTimespan)
 {
-	const TCHAR* Cursor = *TimespanString;
-	const bool bNegative = (*Cursor == '-');
-	if (*Cursor == '+' || *Cursor == '-')
+	// The engine's reader is deliberately loose, and texts written for it (comment documents, config
+	// values) rely on that: any '.' means a fraction is present and also separates fields; ',', '+',
+	// '-' and ':' separate fields; the fields that are given fill days, hours, minutes, seconds and
+	// fraction from the right, so "01:30" is a minute and a half.
+	const TCHAR* Text = *TimespanString;
+	const int32 Length = TimespanString.Len();
+	constexpr int32 FieldCount = 5;
+	struct FField
 	{
-		++Cursor;
-	}
-	uint64 Days = 0;
-	uint64 Hours = 0;
-	int32 HourDigits = ReadDigits(Cursor, Hours);
-	if (*Cursor == '.')
+		int32 Start = 0;
+		int32 Len = 0;
+	};
+	TArray<FField> Fields;
+	bool bHasFraction = false;
+	int32 PieceStart = 0;
+	for (int32 Index = 0; Index <= Length; ++Index)
 	{
-		// What was read is the day count; the hours follow the dot.
-		if (HourDigits == 0 || HourDigits > 8)
+		const TCHAR Char = Index < Length ? Text[Index] : TCHAR(':');
+		const bool bSeparator = Char == '.' || Char == ',' || Char == '+' || Char == '-' || Char == ':';
+		bHasFraction |= (Char == '.' && Index < Length);
+		if (!bSeparator)
 		{
-			return false;
+			if (!FChar::IsDigit(Char))
+			{
+				return false;
+			}
+			continue;
 		}
-		Days = Hours;
-		++Cursor;
-		HourDigits = ReadDigits(Cursor, Hours);
+		// Empty pieces (doubled or leading separators) are dropped.
+		if (Index > PieceStart)
+		{
+			Fields.Add({PieceStart, Index - PieceStart});
+		}
+		PieceStart = Index + 1;
 	}
-	uint64 Minutes = 0;
-	uint64 Seconds = 0;
-	if (HourDigits < 1 || HourDigits > 2 || Hours > 23 || *Cursor++ != ':' || ReadDigits(Cursor, Minutes) != 2 || Minutes > 59
-		|| *Cursor++ != ':' || ReadDigits(Cursor, Seconds) != 2 || Seconds > 59)
+	if (!bHasFraction)
+	{
+		Fields.Add({});
+	}
+	if (Fields.Num() > FieldCount)
 	{
 		return false;
 	}
-	uint64 FractionTicks = 0;
-	if (*Cursor == '.')
+	// Missing leading fields are zero.
+	while (Fields.Num() < FieldCount)
 	{
-		++Cursor;
-		uint64 Fraction = 0;
-		const int32 FractionDigits = ReadDigits(Cursor, Fraction);
-		if (FractionDigits == 3)
+		Fields.Insert(FField(), 0);
+	}
+
+	// Days, hours, minutes and seconds; a value too long to matter saturates and then fails the
+	// range checks below.
+	uint64 Values[FieldCount - 1] = {};
+	for (int32 Field = 0; Field < FieldCount - 1; ++Field)
+	{
+		for (int32 Offset = 0; Offset < Fields[Field].Len; ++Offset)
 		{
-			FractionTicks = Fraction * ETimespan::TicksPerMillisecond;
-		}
-		else if (FractionDigits == 6)
-		{
-			FractionTicks = Fraction * ETimespan::TicksPerMicrosecond;
-		}
-		else if (FractionDigits == 9)
-		{
-			FractionTicks = Fraction / ETimespan::NanosecondsPerTick;
-		}
-		else
-		{
-			return false;
+			const uint64 Digit = static_cast<uint64>(Text[Fields[Field].Start + Offset] - '0');
+			Values[Field] = Values[Field] > 100000000000ull ? Values[Field] : Values[Field] * 10 + Digit;
 		}
 	}
-	if (*Cursor != 0)
+	// The fraction is read as nanoseconds: cut or padded with zeros to nine digits.
+	uint64 FractionNano = 0;
+	for (int32 Digit = 0; Digit < 9; ++Digit)
+	{
+		const FField& Fraction = Fields[FieldCount - 1];
+		FractionNano = FractionNano * 10 + (Digit < Fraction.Len ? static_cast<uint64>(Text[Fraction.Start + Digit] - '0') : 0);
+	}
+	const uint64 Days = Values[0];
+	const uint64 Hours = Values[1];
+	const uint64 Minutes = Values[2];
+	const uint64 Seconds = Values[3];
+	if (Days >= static_cast<uint64>(ETimespan::MaxTicks / ETimespan::TicksPerDay) || Hours > 23 || Minutes > 59 || Seconds > 59)
 	{
 		return false;
 	}
-	const __int128 Magnitude = static_cast<__int128>(((Days * 24 + Hours) * 60 + Minutes) * 60 + Seconds) * ETimespan::TicksPerSecond + FractionTicks;
-	const __int128 Signed = bNegative ? -Magnitude : Magnitude;
-	if (Signed > ETimespan::MaxTicks || Signed < ETimespan::MinTicks)
-	{
-		return false;
-	}
-	OutTimespan = FTimespan(static_cast<int64>(Signed));
+	const int64 Magnitude = static_cast<int64>(((Days * 24 + Hours) * 60 + Minutes) * 60 + Seconds) * ETimespan::TicksPerSecond
+		+ static_cast<int64>(FractionNano / ETimespan::NanosecondsPerTick);
+	OutTimespan = FTimespan(Length > 0 && Text[0] == '-' ? -Magnitude : Magnitude);
 	return true;
 }

@@ -89,9 +89,12 @@ public:
 	CORE_API FString ToIso8601() const;
 
 	/**
-	 * Reads "yyyy.mm.dd-hh.mm.ss" (ToString's form) or "yyyy-mm-dd hh:mm:ss", either with an
-	 * optional ".fff". Returns false for anything else, including impossible dates such as
-	 * 2023.02.29, and then leaves OutDateTime as it was.
+	 * Reads ToString's "yyyy.mm.dd-hh.mm.ss" as loosely as the engine: '-', ':', '.' and ' ' all
+	 * separate fields, empty ones are dropped, and six or seven must remain (year, month, day,
+	 * hour, minute, second, milliseconds), each read by its leading digits as FCString::Atoi
+	 * does. So "2024-02-29 13:05:09" and "2024.2.9-1.2.3" are read too, and ".5" at the end is
+	 * 5 ms. Returns false, leaving OutDateTime as it was, for another field count or a date or
+	 * time that does not exist (2023.02.29, hour 24, 1000 ms).
 	 */
 	static CORE_API bool Parse(const FString& DateTimeString, FDateTime& OutDateTime);
 	/**

@@ -77,9 +77,13 @@ public:
 	CORE_API FString ToString(const TCHAR* Format) const;
 
 	/**
-	 * Reads "[+|-][d.]h:mm:ss[.fff|.ffffff|.fffffffff]" (hours one or two digits below 24; minutes
-	 * and seconds two digits below 60), the ToString() form. On any other text returns false and
-	 * leaves OutTimespan as it was.
+	 * Reads ToString()'s form and much else, as loosely as the engine: a '.' anywhere means the
+	 * last field is a fraction; '.', ',', '+', '-' and ':' all separate fields (empty ones are
+	 * dropped); up to five all-digit fields fill days, hours, minutes, seconds and fraction from
+	 * the right, so "01:30" is 90 s and "1.00:00:03" is 1 h 0.03 s. The fraction is cut or padded
+	 * to nine digits (nanoseconds); a leading '-' negates. Fails, leaving OutTimespan as it was,
+	 * on any other character, more than five fields, hours over 23, minutes or seconds over 59, or
+	 * a day count at or beyond MaxValue's.
 	 */
 	static CORE_API bool Parse(const FString& TimespanString, FTimespan& OutTimespan);
 

@@ -72,7 +72,7 @@ void FJsonObject::RemoveField(FStringView InFieldName)
 }
 
 // The getters read a present field in place; only a missing or mistyped one goes through
-// GetFieldOfType, for its warning and the Null value's own.
+// GetFieldOfType, for its warning and the Null value's error.
 double FJsonObject::GetNumberField(FStringView InFieldName) const
 {
 	const FString FieldName(InFieldName);

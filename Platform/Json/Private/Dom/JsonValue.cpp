@@ -16,11 +16,12 @@ namespace
 		return Empty;
 	}
 
-	// What AsObject hands out for a value that is not an object.
-	const TSharedPtr<FJsonObject>& InvalidObject()
+	// What AsObject hands out for a value that is not an object: valid and empty, as the engine's,
+	// so code that only checks IsValid() goes on reading nothing from it.
+	const TSharedPtr<FJsonObject>& EmptyObject()
 	{
-		static const TSharedPtr<FJsonObject> Invalid;
-		return Invalid;
+		static const TSharedPtr<FJsonObject> Empty = MakeShared<FJsonObject>();
+		return Empty;
 	}
 
 	// Rounds half away from zero, then refuses what the integer type cannot hold (NaN included).
@@ -90,7 +91,7 @@ const TSharedPtr<FJsonObject>& FJsonValue::AsObject() const
 	if (!TryGetObject(Object))
 	{
 		LogMisuse(TEXT("Object"));
-		return InvalidObject();
+		return EmptyObject();
 	}
 	return *Object;
 }
@@ -132,7 +133,9 @@ bool FJsonValue::TryGetNumber(uint32& OutNumber) const
 
 void FJsonValue::LogMisuse(const TCHAR* WantedType) const
 {
-	UE_LOG(LogJson, Warning, TEXT("Json Value of type '%s' used as a '%s'."), *GetType(), WantedType);
+	// An error whatever the value, Null included: the engine lowered the Null case to a warning
+	// only after this version.
+	UE_LOG(LogJson, Error, TEXT("Json Value of type '%s' used as a '%s'."), *GetType(), WantedType);
 }
 
 bool FJsonValueString::TryGetNumber(double& OutNumber) const

@@ -47,7 +47,7 @@ public:
 	FString GetStringField(FStringView FieldName) const;
 	bool GetBoolField(FStringView FieldName) const;
 	const TArray<TSharedPtr<FJsonValue>>& GetArrayField(FStringView FieldName) const;
-	/** Invalid (after a warning) when the field is missing or not an object: check before use. */
+	/** A valid empty object (after a warning and an error) when the field is missing or not an object. */
 	const TSharedPtr<FJsonObject>& GetObjectField(FStringView FieldName) const;
 
 	// The TryGet*Field readers convert as FJsonValue::TryGet* does, and never log.

@@ -9,9 +9,10 @@ class FJsonObject;
 
 /**
  * One JSON value, held by TSharedPtr. The As* readers never fail: a value of another kind logs
- * "Json Value of type 'X' used as a 'Y'." and gives 0, "", false, an empty array or an invalid
- * object pointer. TryGet* converts where the engine does (a number reads as a string, a numeric
- * string as a number) and returns false where it cannot.
+ * the LogJson error "Json Value of type 'X' used as a 'Y'." and gives 0, "", false, an empty
+ * array or a valid empty object (one shared by every such call). TryGet* converts where the
+ * engine does (a number reads as a string, a numeric string as a number) and returns false where
+ * it cannot; it is the way to ask what a value is without a log line.
  */
 class JSON_API FJsonValue
 {
@@ -19,9 +20,9 @@ public:
 	virtual double AsNumber() const;
 	virtual FString AsString() const;
 	virtual bool AsBool() const;
-	/** The elements, or an empty array (with a warning) when this is not an array. */
+	/** The elements, or an empty array (with an error) when this is not an array. */
 	virtual const TArray<TSharedPtr<FJsonValue>>& AsArray() const;
-	/** The object, or an invalid pointer (with a warning) when this is not an object: check it. */
+	/** The object, or a valid empty object (with an error) when this is not an object: IsValid() tells nothing. */
 	virtual const TSharedPtr<FJsonObject>& AsObject() const;
 
 	virtual bool TryGetNumber(double& OutNumber) const { return false; }
@@ -45,7 +46,7 @@ public:
 protected:
 	FJsonValue() = default;
 
-	/** The kind's name as the warnings print it: "String", "Number", ... */
+	/** The kind's name as the log lines print it: "String", "Number", ... */
 	virtual FString GetType() const = 0;
 
 private:

@@ -70,7 +70,7 @@ bool UPanelWidget::RemoveChildAt(int32 Index)
 	if (Content)
 	{
 		Content->Slot = nullptr;
-		FWidgetViewport::Get().NotifyDetached(Content);
+		FWidgetViewport::Get().NotifyDetached(Content, this);
 	}
 	return true;
 }

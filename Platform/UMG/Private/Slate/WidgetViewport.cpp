@@ -63,7 +63,7 @@ bool FWidgetViewport::RemoveWidget(UUserWidget* Widget)
 		if (Entries[Index].Widget.Get() == Widget)
 		{
 			Entries.RemoveAt(Index);
-			NotifyDetached(Widget);
+			NotifyDetached(Widget, nullptr);
 			return true;
 		}
 	}
@@ -104,12 +104,13 @@ void FWidgetViewport::NotifyAttached(UWidget* Widget)
 		return;
 	}
 	// Children first: a user widget's tree is built (and its children constructed) before its
-	// own construct runs, as when the engine builds a widget's Slate side.
+	// own construct runs, as when the engine builds a widget's Slate side. A widget still held
+	// since it left is still constructed, and is only taken off the list of those to destruct.
 	TArray<UUserWidget*> UserWidgets;
 	FWidgetHierarchy::CollectUserWidgets(Widget, false, UserWidgets);
 	for (UUserWidget* UserWidget : UserWidgets)
 	{
-		LeftScreen.Remove(UserWidget);
+		HeldOffScreen.Remove(UserWidget);
 		if (!UserWidget->bConstructed && FWidgetHierarchy::IsOnScreen(UserWidget))
 		{
 			UserWidget->bConstructed = true;
@@ -118,7 +119,7 @@ void FWidgetViewport::NotifyAttached(UWidget* Widget)
 	}
 }
 
-void FWidgetViewport::NotifyDetached(UWidget* Widget)
+void FWidgetViewport::NotifyDetached(UWidget* Widget, const UWidget* FormerParent)
 {
 	if (!Widget)
 	{
@@ -131,15 +132,78 @@ void FWidgetViewport::NotifyDetached(UWidget* Widget)
 	{
 		return;
 	}
+	// Parents first: a widget's destruct runs as its Slate side goes, and that releases its tree.
 	TArray<UUserWidget*> UserWidgets;
 	FWidgetHierarchy::CollectUserWidgets(Widget, true, UserWidgets);
+	if (!IsHeld(Widget, FormerParent))
+	{
+		DestructOffScreen(UserWidgets);
+		return;
+	}
 	for (UUserWidget* UserWidget : UserWidgets)
 	{
 		if (UserWidget->bConstructed)
 		{
-			LeftScreen.AddUnique(UserWidget);
+			HeldOffScreen.AddUnique(UserWidget);
 		}
 	}
+}
+
+bool FWidgetViewport::IsHeld(const UWidget* Widget, const UWidget* FormerParent) const
+{
+	for (const TWeakObjectPtr<UWidget>& OnPath : EventPath)
+	{
+		if (OnPath.Get() == Widget)
+		{
+			return true;
+		}
+	}
+	const UWidget* Ticking = TickingWidget.Get();
+	if (!Ticking)
+	{
+		return false;
+	}
+	// The tick runs inside the paint of the ticking widget, whose ancestors are painting their
+	// arranged children: those hold the widget itself, its ancestors and their other children
+	// (the viewport's widgets among them), but not yet the ticking widget's own children.
+	if (!FormerParent)
+	{
+		return true;
+	}
+	for (const UWidget* Current = Ticking; Current; Current = FWidgetHierarchy::GetParent(Current))
+	{
+		if (Current == Widget || (Current != Ticking && Current == FormerParent))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+void FWidgetViewport::DestructOffScreen(const TArray<UUserWidget*>& UserWidgets)
+{
+	// A destruct may take further widgets off; those left constructed are checked again here.
+	for (UUserWidget* UserWidget : UserWidgets)
+	{
+		if (IsValid(UserWidget) && UserWidget->bConstructed && !FWidgetHierarchy::IsOnScreen(UserWidget))
+		{
+			UserWidget->bConstructed = false;
+			UserWidget->NativeDestruct();
+		}
+	}
+}
+
+void FWidgetViewport::ReleaseHeld()
+{
+	EventPath.Reset();
+	TickingWidget.Reset();
+	TArray<UUserWidget*> Released;
+	for (const TObjectPtr<UUserWidget>& Held : HeldOffScreen)
+	{
+		Released.Add(Held.Get());
+	}
+	HeldOffScreen.Reset();
+	DestructOffScreen(Released);
 }
 
 void FWidgetViewport::TickWidgets(float DeltaSeconds)
@@ -157,10 +221,13 @@ void FWidgetViewport::TickWidgets(float DeltaSeconds)
 		UUserWidget* Widget = Weak.Get();
 		if (Widget && Widget->bConstructed && FWidgetHierarchy::IsOnScreen(Widget))
 		{
+			TickingWidget = Widget;
 			Widget->NativeTick(Widget->GetCachedGeometry(), DeltaSeconds);
 			Ticked.Add(Weak);
 		}
 	}
+	// The paint pass the ticks belong to is over: what it held and is off screen now goes.
+	ReleaseHeld();
 	for (const TWeakObjectPtr<UUserWidget>& Weak : Ticked)
 	{
 		if (UUserWidget* Widget = Weak.Get())
@@ -172,17 +239,7 @@ void FWidgetViewport::TickWidgets(float DeltaSeconds)
 
 void FWidgetViewport::FinishFrame()
 {
-	TArray<TObjectPtr<UUserWidget>> Candidates = MoveTemp(LeftScreen);
-	LeftScreen.Reset();
-	for (const TObjectPtr<UUserWidget>& Candidate : Candidates)
-	{
-		UUserWidget* Widget = Candidate.Get();
-		if (IsValid(Widget) && Widget->bConstructed && !FWidgetHierarchy::IsOnScreen(Widget))
-		{
-			Widget->bConstructed = false;
-			Widget->NativeDestruct();
-		}
-	}
+	ReleaseHeld();
 }
 
 void FWidgetViewport::Reset()
@@ -205,5 +262,5 @@ void FWidgetViewport::AddReferencedObjects(FReferenceCollector& Collector)
 	{
 		Collector.AddReferencedObject(Entry.Widget);
 	}
-	Collector.AddReferencedObjects(LeftScreen);
+	Collector.AddReferencedObjects(HeldOffScreen);
 }

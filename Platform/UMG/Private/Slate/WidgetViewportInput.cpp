@@ -76,6 +76,7 @@ void FWidgetViewport::ProcessInput()
 	for (int32 Index = 0; Index < Queue.Num(); ++Index)
 	{
 		const FQueuedInput Input = Queue[Index];
+		HoldEventPath(Input);
 		switch (Input.Kind)
 		{
 		case EInput::Move:
@@ -94,8 +95,39 @@ void FWidgetViewport::ProcessInput()
 			}
 			break;
 		}
+		ReleaseHeld();
 	}
 	Queue.Reset();
+}
+
+void FWidgetViewport::HoldEventPath(const FQueuedInput& Input)
+{
+	// Slate routes an event along a path of shared references to the widgets it concerns: those
+	// under the pointer, those it was over before (for the leave events) and the one holding the
+	// capture, each with its ancestors. Whatever a handler takes off screen lives on until the
+	// event is done; put back in that time, it was never destructed.
+	TArray<UWidget*> Roots;
+	if (Input.Kind == EInput::ComboSelect)
+	{
+		Roots.Add(Input.Combo.Get());
+	}
+	else
+	{
+		Roots.Append(HitTest(Input.Position));
+		for (const TWeakObjectPtr<UWidget>& Hovered : HoveredPath)
+		{
+			Roots.Add(Hovered.Get());
+		}
+		Roots.Add(CapturedWidget.Get());
+	}
+	EventPath.Reset();
+	for (UWidget* Root : Roots)
+	{
+		for (UWidget* Current = Root; Current; Current = FWidgetHierarchy::GetParent(Current))
+		{
+			EventPath.AddUnique(Current);
+		}
+	}
 }
 
 void FWidgetViewport::RoutePointerMove(const FVector2D& Position)
@@ -106,11 +138,12 @@ void FWidgetViewport::RoutePointerMove(const FVector2D& Position)
 	bHasPointerPosition = true;
 
 	const TArray<UWidget*> NewPath = HitTest(Position);
-	// Leaves first, deepest first; then enters, outermost first.
+	// Leaves first, deepest first; then enters, outermost first. A widget destructed since the
+	// last event has lost its Slate side, and with it the leave.
 	for (int32 Index = HoveredPath.Num() - 1; Index >= 0; --Index)
 	{
 		UUserWidget* Left = Cast<UUserWidget>(HoveredPath[Index].Get());
-		if (Left && !NewPath.Contains(Left))
+		if (Left && Left->bConstructed && !NewPath.Contains(Left))
 		{
 			Left->NativeOnMouseLeave(Event);
 		}

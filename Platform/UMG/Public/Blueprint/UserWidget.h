@@ -3,8 +3,9 @@
 // UUserWidget: a widget made of a tree of widgets, usually from a widget blueprint. Lifecycle:
 // CreateWidget builds the tree and binds the BindWidget members before the widget is on screen;
 // NativeConstruct runs when it goes on screen (the viewport, or a panel that is on screen);
-// taken off and put back within one frame it stays constructed; still off screen when the frame
-// ends, it gets NativeDestruct then, and NativeConstruct again if it comes back later.
+// NativeDestruct runs when it leaves it, at once (inside RemoveFromParent), except while Slate
+// still holds it: during the input event whose path it is on, or the tick pass it is part of.
+// Put back before that is over, it stays constructed; later, it is constructed again.
 
 #include "CoreMinimal.h"
 #include "Components/Widget.h"
@@ -81,7 +82,7 @@ protected:
 	virtual void NativeOnInitialized() {}
 	/** Each time the widget goes on screen. */
 	virtual void NativeConstruct() {}
-	/** Each time the widget has left the screen (at the end of that frame). */
+	/** Each time the widget has left the screen: at once, or once Slate lets go of it. */
 	virtual void NativeDestruct() {}
 	/** Every frame while constructed and shown; MyGeometry is the last layout's. */
 	virtual void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) {}

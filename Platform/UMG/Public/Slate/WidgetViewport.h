@@ -3,8 +3,14 @@
 // FWidgetViewport (stand-in): the game viewport's widget layer. It holds the user widgets added
 // to the viewport by ZOrder and runs the widget parts of a frame, which the frame loop calls in
 // this order: ProcessInput (routed with the last frame's geometry), TickWidgets, Layout, then the
-// renderer's paint (ForEachPaintedWidget), then FinishFrame (NativeDestruct of widgets that left
-// the screen this frame). Game thread only.
+// renderer's paint (ForEachPaintedWidget), then FinishFrame. Game thread only.
+//
+// A user widget's NativeDestruct runs when the last holder of its Slate side lets go, as in the
+// engine: at once when its parent (a panel or the viewport) drops it, unless Slate itself still
+// holds it, which it does for the widgets on the path of the input event being routed (until the
+// event is done) and for the widget being ticked and its ancestors, with their children (until
+// the tick pass is done). A held widget put back on screen before then was never destructed, so
+// it is not constructed again: a click that moves the player widget into the viewport keeps it.
 
 #include "CoreMinimal.h"
 #include "Math/Vector2D.h"
@@ -31,7 +37,7 @@ public:
 
 	/** Adds Widget on top of the widgets of lower or equal ZOrder; constructs it if it was not on screen. */
 	void AddWidget(UUserWidget* Widget, int32 ZOrder);
-	/** Takes Widget out of the viewport; it is destructed at FinishFrame unless it is back on screen by then. */
+	/** Takes Widget out of the viewport; it is destructed at once unless Slate still holds it (see above). */
 	bool RemoveWidget(UUserWidget* Widget);
 	/** True when Widget stands directly in the viewport. */
 	bool ContainsWidget(const UUserWidget* Widget) const;
@@ -55,7 +61,7 @@ public:
 	void Layout();
 	/** Calls Visitor for every drawn widget in paint order with its geometry and accumulated opacity. */
 	void ForEachPaintedWidget(TFunctionRef<void(UWidget& Widget, const FGeometry& Geometry, float Opacity)> Visitor) const;
-	/** NativeDestruct of the user widgets that left the screen this frame and did not come back. */
+	/** NativeDestruct of any held widget that left the screen and is still off it (normally none by now). */
 	void FinishFrame();
 
 	/** Takes every widget off screen and destructs them, and forgets input state (between tests). */
@@ -63,8 +69,8 @@ public:
 
 	/** Stand-in: called by panels and the viewport after Widget was put in a new place. */
 	void NotifyAttached(UWidget* Widget);
-	/** Stand-in: called by panels and the viewport after Widget was taken out of its place. */
-	void NotifyDetached(UWidget* Widget);
+	/** Stand-in: called by panels and the viewport after Widget was taken out of its place (FormerParent null: the viewport). */
+	void NotifyDetached(UWidget* Widget, const UWidget* FormerParent);
 
 	void AddReferencedObjects(FReferenceCollector& Collector) override;
 	FString GetReferencerName() const override { return TEXT("FWidgetViewport"); }
@@ -94,12 +100,20 @@ private:
 		int32 ZOrder = 0;
 	};
 
+	/** Holds the widgets on Input's path for as long as it is routed (see the file comment). */
+	void HoldEventPath(const FQueuedInput& Input);
 	/** Sends enter, leave and move events for a pointer now at Position, and drags the captured widget. */
 	void RoutePointerMove(const FVector2D& Position);
 	void RoutePointerPress(const FVector2D& Position);
 	void RoutePointerRelease(const FVector2D& Position);
 	/** The widgets under Position from the viewport widget down to the deepest one hit; empty when none. */
 	TArray<UWidget*> HitTest(const FVector2D& Position) const;
+	/** True while Slate holds Widget, which FormerParent held until now (see the file comment). */
+	bool IsHeld(const UWidget* Widget, const UWidget* FormerParent) const;
+	/** Destructs, parents first, those of UserWidgets still constructed and off screen. */
+	static void DestructOffScreen(const TArray<UUserWidget*>& UserWidgets);
+	/** Lets go of what the routed event or the tick pass held, destructing what is still off screen. */
+	void ReleaseHeld();
 
 	// Viewport widgets, bottom first: by ZOrder, then by the order they were added.
 	TArray<FEntry> Entries;
@@ -115,6 +129,10 @@ private:
 	FVector2D LastPointerPosition = FVector2D::ZeroVector;
 	// False until the first pointer event, whose delta is then zero.
 	bool bHasPointerPosition = false;
-	// Constructed user widgets that left the screen this frame, checked at FinishFrame.
-	TArray<TObjectPtr<UUserWidget>> LeftScreen;
+	// The widgets on the path of the input event being routed: Slate holds them until it is done.
+	TArray<TWeakObjectPtr<UWidget>> EventPath;
+	// The user widget whose NativeTick runs now: it, its ancestors and their children are held.
+	TWeakObjectPtr<UWidget> TickingWidget;
+	// Constructed user widgets that left the screen while held, parents first; checked at release.
+	TArray<TObjectPtr<UUserWidget>> HeldOffScreen;
 };

@@ -46,7 +46,10 @@ namespace
 		{
 			return nullptr;
 		}
-		return Root->AsObject();
+		// TryGetObject, not AsObject: for a root of another kind AsObject logs an error and gives a
+		// valid empty object, which would read as one record of zeros.
+		const TSharedPtr<FJsonObject>* Object = nullptr;
+		return Root->TryGetObject(Object) ? *Object : nullptr;
 	}
 }
 
@@ -78,16 +81,14 @@ void FBulletChatDocument::ReadDocument(const FString& Text, TFunctionRef<void(co
 	const TArray<TSharedPtr<FJsonValue>>& Entries = Root->GetArrayField(TEXT("datas"));
 	for (const TSharedPtr<FJsonValue>& Entry : Entries)
 	{
-		if (!Entry.IsValid())
+		// Entries of another kind are skipped without a word (AsObject would log and hand out an
+		// empty object).
+		const TSharedPtr<FJsonObject>* RecordObject = nullptr;
+		if (!Entry.IsValid() || !Entry->TryGetObject(RecordObject) || !RecordObject->IsValid())
 		{
 			continue;
 		}
-		const TSharedPtr<FJsonObject>& RecordObject = Entry->AsObject();
-		if (!RecordObject.IsValid())
-		{
-			continue;
-		}
-		OnRecord(ReadRecord(*RecordObject));
+		OnRecord(ReadRecord(**RecordObject));
 	}
 }
 
