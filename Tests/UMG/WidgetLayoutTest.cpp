@@ -57,7 +57,9 @@ namespace
 		UImage* MakeImage(double Width, double Height) const
 		{
 			UImage* Image = Screen->WidgetTree->ConstructWidget<UImage>();
-			Image->Brush.ImageSize = FVector2D(Width, Height);
+			FSlateBrush Brush = Image->GetBrush();
+			Brush.ImageSize = FVector2D(Width, Height);
+			Image->SetBrush(Brush);
 			return Image;
 		}
 

@@ -6,7 +6,7 @@
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
 #include "UObject/ObjectPtr.h"
-#include "Animation/UMGSequencePlayMode.h"
+#include "Blueprint/UserWidget.h"
 #include "Components/SlateWrapperTypes.h"
 #include "Slate/WidgetTransform.h"
 #include "UMGSequencePlayer.generated.h"

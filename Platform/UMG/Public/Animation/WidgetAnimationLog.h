@@ -5,7 +5,7 @@
 
 #include "CoreMinimal.h"
 #include "UObject/WeakObjectPtrTemplates.h"
-#include "Animation/UMGSequencePlayMode.h"
+#include "Blueprint/UserWidget.h"
 
 class UUserWidget;
 class UWidgetAnimation;
