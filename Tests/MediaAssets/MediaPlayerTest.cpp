@@ -266,20 +266,20 @@ TEST(MediaPlayer, PlaylistStepsWrapAndFollowOpensByUrl)
 	EXPECT_EQ(Playlist->Get(3), nullptr);
 
 	EXPECT_TRUE(Player->OpenPlaylistIndex(Playlist, 1));
-	EXPECT_EQ(Player->PlaylistIndex, 1);
+	EXPECT_EQ(Player->GetPlaylistIndex(), 1);
 	EXPECT_EQ(Player->GetUrl(), TEXT("scripted://b"));
 	EXPECT_TRUE(Player->IsPreparing());
 	Player->Next();
 	Player->Next();
-	EXPECT_EQ(Player->PlaylistIndex, 0) << "past the last entry wraps to the first";
+	EXPECT_EQ(Player->GetPlaylistIndex(), 0) << "past the last entry wraps to the first";
 	Player->Previous();
-	EXPECT_EQ(Player->PlaylistIndex, 2);
+	EXPECT_EQ(Player->GetPlaylistIndex(), 2);
 	EXPECT_EQ(Player->GetUrl(), TEXT("scripted://c"));
 
 	Player->OpenUrl(TEXT("scripted://b"));
-	EXPECT_EQ(Player->PlaylistIndex, 1) << "opening a listed URL by another road points at its entry";
+	EXPECT_EQ(Player->GetPlaylistIndex(), 1) << "opening a listed URL by another road points at its entry";
 	Player->OpenUrl(TEXT("scripted://elsewhere"));
-	EXPECT_EQ(Player->PlaylistIndex, INDEX_NONE);
+	EXPECT_EQ(Player->GetPlaylistIndex(), INDEX_NONE);
 	Player->Close();
 	EXPECT_EQ(Player->GetPlaylist(), Playlist);
 	EXPECT_EQ(Playlist->Num(), 3);
