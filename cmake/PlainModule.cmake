@@ -63,43 +63,102 @@ function(plain_add_module name)
   target_include_directories(${name} PUBLIC "${dir}/Public" PRIVATE "${dir}/Private")
   string(TOUPPER "${name}" upper)
   target_compile_definitions(${name} PRIVATE ${upper}_API=DLLEXPORT INTERFACE ${upper}_API=DLLIMPORT)
+  # The stand-in adds declarations of its own to engine classes, for its renderer, tests and host.
+  # They sit behind PLAIN_PLATFORM_INTERNALS, which the stand-in and all that links it see, and
+  # plug-in modules do not (plain_add_plugin_module), so a plug-in call of one fails to compile
+  # here as in the engine. Only what leaves a class's layout alone is hidden: non-virtual
+  # functions, free functions and types.
+  target_compile_definitions(${name} PUBLIC PLAIN_PLATFORM_INTERNALS=1)
   target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE_DEPENDS})
   plain_enable_warnings(${name})
   file(GLOB_RECURSE private_headers CONFIGURE_DEPENDS "${dir}/Private/*.h")
   plain_reflect(${name} PACKAGE "/Script/${name}" HEADERS ${public_headers} ${private_headers})
+  plain_record_module_interface(${name} "${dir}/Public")
   set_property(GLOBAL APPEND PROPERTY PLAIN_ALL_MODULES ${name})
 endfunction()
 
-# plain_add_plugin_module(<Name>): a module of the plug-in, built from Source/<Name>/ with the
-# engine modules its <Name>.Build.cs names in PublicDependencyModuleNames and
-# PrivateDependencyModuleNames, so the dependency list is written once, where the engine reads it.
+# What a module offers the modules that name it, and nothing of what it depends on itself: its
+# public and generated headers and its export macro. (A TARGET_PROPERTY expression of
+# INTERFACE_INCLUDE_DIRECTORIES would follow the module's own links, which the engine does not.)
+function(plain_record_module_interface name public_dir)
+  string(TOUPPER "${name}" upper)
+  set_target_properties(${name} PROPERTIES
+    PLAIN_MODULE_INCLUDE_DIRS "${public_dir};${CMAKE_BINARY_DIR}/Intermediate/${name}"
+    PLAIN_MODULE_IMPORT_DEFINITION "${upper}_API=DLLIMPORT")
+endfunction()
+
+# plain_add_plugin_module(<Name>): a module of the plug-in, built from Source/<Name>/ as the
+# engine's build tool builds it in a modular (editor) build: compiled against, and linked with,
+# exactly the modules its <Name>.Build.cs names in PublicDependencyModuleNames and
+# PrivateDependencyModuleNames. Nothing is passed on from those modules' own dependencies, and an
+# undefined symbol fails the link, so a module whose API the plug-in calls without naming it fails
+# here as it would in the engine. The dependency list is written once, where the engine reads it.
+#
+# EXCLUDE_FROM_ALL builds the module only on request and keeps it out of the modules every test and
+# program links: the build-rule tests use it for modules that must fail to build.
 function(plain_add_plugin_module name)
-  set(build_cs "${CMAKE_CURRENT_SOURCE_DIR}/${name}.Build.cs")
+  cmake_parse_arguments(ARG "EXCLUDE_FROM_ALL" "DIR" "" ${ARGN})
+  set(dir "${CMAKE_CURRENT_SOURCE_DIR}")
+  if(ARG_DIR)
+    set(dir "${ARG_DIR}")
+  endif()
+  set(build_cs "${dir}/${name}.Build.cs")
+  plain_read_build_cs("${build_cs}" public_deps private_deps)
+  file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS "${dir}/Public/*.h")
+  file(GLOB_RECURSE private_files CONFIGURE_DEPENDS "${dir}/Private/*.h" "${dir}/Private/*.cpp")
+  if(ARG_EXCLUDE_FROM_ALL)
+    add_library(${name} SHARED EXCLUDE_FROM_ALL ${public_headers} ${private_files})
+  else()
+    add_library(${name} SHARED ${public_headers} ${private_files})
+  endif()
+  target_include_directories(${name} PUBLIC "${dir}/Public" PRIVATE "${dir}/Private")
+  string(TOUPPER "${name}" upper)
+  target_compile_definitions(${name} PRIVATE ${upper}_API=DLLEXPORT INTERFACE ${upper}_API=DLLIMPORT)
+  # The engine's API only: the stand-in's own declarations are hidden from plug-in code.
+  target_compile_definitions(${name} PRIVATE PLAIN_PLATFORM_INTERNALS=0)
+  foreach(dep IN LISTS public_deps private_deps)
+    if(TARGET ${dep})
+      get_target_property(standin_only ${dep} PLAIN_STANDIN_ONLY)
+    endif()
+    if(NOT TARGET ${dep} OR standin_only)
+      message(FATAL_ERROR "${build_cs}: names ${dep}, which is not an engine module the stand-in provides")
+    endif()
+    get_target_property(dep_includes ${dep} PLAIN_MODULE_INCLUDE_DIRS)
+    get_target_property(dep_definition ${dep} PLAIN_MODULE_IMPORT_DEFINITION)
+    target_include_directories(${name} PRIVATE ${dep_includes})
+    target_compile_definitions(${name} PRIVATE ${dep_definition})
+    # Linked by file, so CMake adds none of the dependency's own link libraries.
+    target_link_libraries(${name} PRIVATE $<TARGET_FILE:${dep}>)
+    add_dependencies(${name} ${dep})
+  endforeach()
+  target_link_options(${name} PRIVATE LINKER:--no-undefined)
+  set_target_properties(${name} PROPERTIES BUILD_RPATH "$ORIGIN")
+  plain_enable_warnings(${name})
+  file(GLOB_RECURSE private_headers CONFIGURE_DEPENDS "${dir}/Private/*.h")
+  plain_reflect(${name} PACKAGE "/Script/${name}" HEADERS ${public_headers} ${private_headers})
+  plain_record_module_interface(${name} "${dir}/Public")
+  if(NOT ARG_EXCLUDE_FROM_ALL)
+    set_property(GLOBAL APPEND PROPERTY PLAIN_ALL_MODULES ${name})
+  endif()
+  set_property(TARGET ${name} PROPERTY PLAIN_BUILD_CS "${build_cs}")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${build_cs}")
+endfunction()
+
+# plain_read_build_cs(<file> <public out> <private out>): the module names a *.Build.cs adds to
+# PublicDependencyModuleNames and PrivateDependencyModuleNames.
+function(plain_read_build_cs build_cs public_out private_out)
   file(READ "${build_cs}" rules)
-  set(public_deps "")
-  set(private_deps "")
   foreach(kind Public Private)
+    set(names "")
     string(REGEX MATCH "${kind}DependencyModuleNames[^;]*;" list_text "${rules}")
     string(REGEX MATCHALL "\"[A-Za-z0-9_]+\"" quoted "${list_text}")
     foreach(entry IN LISTS quoted)
       string(REPLACE "\"" "" dep "${entry}")
-      if(kind STREQUAL "Public")
-        list(APPEND public_deps ${dep})
-      else()
-        list(APPEND private_deps ${dep})
-      endif()
+      list(APPEND names ${dep})
     endforeach()
+    string(TOLOWER "${kind}" lower)
+    set(${lower}_names ${names})
   endforeach()
-  # While the tree grows, a module may name one that has no source yet; leave it out and say so.
-  foreach(list_name public_deps private_deps)
-    foreach(dep IN LISTS ${list_name})
-      if(NOT TARGET ${dep})
-        message(STATUS "${name}: ${dep} is not built yet, left out")
-        list(REMOVE_ITEM ${list_name} ${dep})
-      endif()
-    endforeach()
-  endforeach()
-  plain_add_module(${name} DEPENDS ${public_deps} PRIVATE_DEPENDS ${private_deps})
-  set_property(TARGET ${name} PROPERTY PLAIN_BUILD_CS "${build_cs}")
-  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${build_cs}")
+  set(${public_out} ${public_names} PARENT_SCOPE)
+  set(${private_out} ${private_names} PARENT_SCOPE)
 endfunction()

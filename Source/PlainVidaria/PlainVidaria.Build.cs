@@ -16,6 +16,7 @@ public class PlainVidaria : ModuleRules
 			"UMG",
 			"SlateCore",
 			"MediaAssets",
+			"AudioMixer",
 			"Json",
 			"PlainMarquel",
 		});

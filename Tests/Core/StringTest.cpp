@@ -1,4 +1,4 @@
-// FString, FCString/_wtof, UTF-8 conversion, FName and FText.
+// FString, FCString, UTF-8 conversion, FName and FText.
 
 #include "Containers/Array.h"
 #include "Containers/StringConv.h"
@@ -184,13 +184,13 @@ TEST(StringTransform, TrimsReplacesPadsAndConvertsNumbers)
 
 TEST(CString, NumberParsersReadTheLongestPrefixAndNeverOverflow)
 {
-	EXPECT_DOUBLE_EQ(_wtof(L"1.5x"), 1.5);
-	EXPECT_DOUBLE_EQ(_wtof(L"2X"), 2.0);
-	EXPECT_DOUBLE_EQ(_wtof(L"1.25"), 1.25);
-	EXPECT_DOUBLE_EQ(_wtof(L"  -0.75"), -0.75);
-	EXPECT_DOUBLE_EQ(_wtof(L"abc"), 0.0);
-	EXPECT_DOUBLE_EQ(_wtof(L""), 0.0);
-	EXPECT_DOUBLE_EQ(_wtof(L"1e3s"), 1000.0);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("1.5x")), 1.5);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("2X")), 2.0);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("1.25")), 1.25);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("  -0.75")), -0.75);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("abc")), 0.0);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("")), 0.0);
+	EXPECT_DOUBLE_EQ(FCString::Atod(TEXT("1e3s")), 1000.0);
 	EXPECT_FLOAT_EQ(FCString::Atof(TEXT("0.5")), 0.5f);
 
 	EXPECT_EQ(FCString::Atoi(TEXT(" 42abc")), 42);

@@ -24,9 +24,9 @@ TEST_F(FAssetLoading, LoadsMaterialsAndReflectedPropertiesOnceUnderEveryPathForm
 
 	UMaterial* Material = LoadObject<UMaterial>(nullptr, TEXT("/Game/Movies/M_Video.M_Video"));
 	ASSERT_NE(Material, nullptr);
-	EXPECT_EQ(Material->VideoTextureParameter, FName(TEXT("MovieTex")));
-	EXPECT_EQ(Material->BaseColor.R, 0.5f);
-	EXPECT_EQ(Material->BaseColor.G, 1.f) << "fields not in the asset keep their defaults";
+	EXPECT_EQ(Material->GetVideoTextureParameter(), FName(TEXT("MovieTex")));
+	EXPECT_EQ(Material->GetBaseColor().R, 0.5f);
+	EXPECT_EQ(Material->GetBaseColor().G, 1.f) << "fields not in the asset keep their defaults";
 	EXPECT_TRUE(Material->HasAnyFlags(RF_Standalone | RF_Public));
 	EXPECT_EQ(Material->GetPathName(), FString(TEXT("/Game/Movies/M_Video.M_Video")));
 
@@ -119,7 +119,7 @@ TEST_F(FAssetLoading, RegisteredReadersTakeTheirClassesAndSeeTheDocument)
 	UMaterial* Made = LoadObject<UMaterial>(nullptr, TEXT("/Game/UI/WBP_Player.WBP_Player_C"));
 	ASSERT_NE(Made, nullptr);
 	EXPECT_EQ(Made->GetName(), FString(TEXT("WBP_Player_C")));
-	EXPECT_EQ(Made->VideoTextureParameter, FName(TEXT("Tex")));
+	EXPECT_EQ(Made->GetVideoTextureParameter(), FName(TEXT("Tex")));
 	EXPECT_EQ(LoadObject<UMaterial>(nullptr, TEXT("/Game/UI/WBP_Player.WBP_Player_C")), Made);
 	EXPECT_EQ(Reads, 1);
 

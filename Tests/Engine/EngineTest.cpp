@@ -16,7 +16,7 @@ TEST(OnScreenMessages, KeylessLinesAddKeyedLinesReplaceAndAllExpire)
 	ASSERT_NE(GEngine, nullptr) << "made when the module loads";
 	CollectGarbage();
 	ASSERT_TRUE(IsValid(GEngine));
-	GEngine->ClearOnScreenMessages();
+	GEngine->ClearOnScreenDebugMessages();
 
 	GEngine->AddOnScreenDebugMessage(-1, 10.f, FColor::Red, TEXT("first"));
 	GEngine->AddOnScreenDebugMessage(-1, 10.f, FColor::Red, TEXT("first"));

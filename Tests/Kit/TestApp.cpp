@@ -24,7 +24,7 @@ FTestApp::FTestApp(const FHeadlessApplicationSettings& InSettings)
 	FWidgetAnimationLog::Get().Clear();
 	if (GEngine)
 	{
-		GEngine->ClearOnScreenMessages();
+		GEngine->ClearOnScreenDebugMessages();
 	}
 }
 

@@ -41,7 +41,7 @@ TEST(EngineLoop, AgesOnScreenMessagesAndCollectsGarbageOnItsInterval)
 	FHeadlessApplication App;
 	App.GetLoop().SetGarbageCollectionInterval(1.0);
 	TWeakObjectPtr<UObject> Loose = NewObject<UEngineLoopProbeWidget>(App.GetWorld());
-	GEngine->ClearOnScreenMessages();
+	GEngine->ClearOnScreenDebugMessages();
 	GEngine->AddOnScreenDebugMessage(-1, 0.5f, FColor::Red, TEXT("short"));
 
 	App.TickSeconds(0.25);

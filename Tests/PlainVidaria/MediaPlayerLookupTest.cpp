@@ -23,7 +23,7 @@ using FMediaPlayerLookupTest = FScratchProject;
 
 TEST_F(FMediaPlayerLookupTest, HeldPathIsUsedAsIsAndAStaleOneIsRepairedInTheFileManagersOrder)
 {
-	GEngine->ClearOnScreenMessages();
+	GEngine->ClearOnScreenDebugMessages();
 	Write("Content/Lessons/MP_Cache.uasset", PlayerAsset);
 	FString Held;
 	UMediaPlayer* Player = Lookup(TEXT("mp_cache"), Held);
@@ -52,7 +52,7 @@ TEST_F(FMediaPlayerLookupTest, HeldPathIsUsedAsIsAndAStaleOneIsRepairedInTheFile
 
 TEST_F(FMediaPlayerLookupTest, NothingOfThatNameShowsOneRedLinePerCallAndTheCutFallsAtTheFirstContent)
 {
-	GEngine->ClearOnScreenMessages();
+	GEngine->ClearOnScreenDebugMessages();
 	Write("Content/MP_Named.uasset", PlayerAsset);
 	std::filesystem::create_directories(Path("Content/MP_Folder.uasset"));
 	Write("Plugins/Extra/Content/MP_Plugin.uasset", PlayerAsset);

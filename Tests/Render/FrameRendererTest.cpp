@@ -59,7 +59,7 @@ namespace
 		{
 			FWidgetViewport::Get().Reset();
 			FWidgetViewport::Get().SetViewportSize(FVector2D(320.0, 240.0));
-			GEngine->ClearOnScreenMessages();
+			GEngine->ClearOnScreenDebugMessages();
 			Screen = CreateWidget<UUserWidget>(GetTransientPackage(), HostClass());
 			Canvas = Screen->WidgetTree->ConstructWidget<UCanvasPanel>();
 			Screen->WidgetTree->RootWidget = Canvas;
@@ -68,7 +68,7 @@ namespace
 		~FScene()
 		{
 			FWidgetViewport::Get().Reset();
-			GEngine->ClearOnScreenMessages();
+			GEngine->ClearOnScreenDebugMessages();
 		}
 
 		template <typename T>
@@ -124,7 +124,7 @@ TEST(FrameRenderer, DrawsBorderTextAndVideoWhereTheyAreAndNothingElsewhere)
 	UMediaTexture* Video = NewObject<UMediaTexture>();
 	Video->SetMediaPlayer(Player);
 	UMaterial* Material = NewObject<UMaterial>();
-	Material->VideoTexture = Video;
+	Material->SetVideoTexture(Video);
 	UImage* Image = Scene.Add<UImage>(FVector2D(200, 150), FVector2D(100, 80));
 	Image->SetBrushResourceObject(Material);
 	ASSERT_TRUE(Player->OpenUrl(FScriptedMediaScope::Url(TEXT("clip"))));

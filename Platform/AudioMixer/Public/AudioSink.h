@@ -3,6 +3,10 @@
 // Where the mixed sound goes. Stand-in only: the engine owns an audio device; here the host
 // chooses a sink, and with none the mix is made and dropped, so playback behaves the same.
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "AudioSink.h belongs to the stand-in's audio output; the engine has no such header"
+#endif
+
 #include "CoreMinimal.h"
 #include "Templates/SharedPointer.h"
 

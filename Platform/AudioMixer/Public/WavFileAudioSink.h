@@ -3,6 +3,10 @@
 // FWavFileAudioSink: writes the mix to a WAV file (32-bit float, 48 kHz stereo), to record a
 // session or to measure what a test played.
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "WavFileAudioSink.h belongs to the stand-in's audio output; the engine has no such header"
+#endif
+
 #include "AudioSink.h"
 #include "CoreMinimal.h"
 

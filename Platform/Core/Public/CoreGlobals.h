@@ -7,5 +7,3 @@
 
 /** The category for quick, unsorted logging. */
 CORE_API DECLARE_LOG_CATEGORY_EXTERN(LogTemp, Log, All);
-/** The stand-in Core's own messages. */
-CORE_API DECLARE_LOG_CATEGORY_EXTERN(LogCore, Log, All);

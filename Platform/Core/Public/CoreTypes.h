@@ -2,3 +2,4 @@
 
 #include "HAL/Platform.h"
 #include "Misc/AssertionMacros.h"
+#include "Misc/CoreMiscDefines.h"

@@ -10,14 +10,64 @@
 // callback may clear or set any timer, its own included. Game thread only.
 
 #include "CoreMinimal.h"
-#include "Engine/TimerDelegate.h"
+#include "Delegates/Delegate.h"
 #include "Engine/TimerHandle.h"
+#include "Templates/Function.h"
 #include "UObject/WeakObjectPtrTemplates.h"
 
 #include <deque>
 #include <vector>
 
 class UObject;
+
+DECLARE_DELEGATE(FTimerDelegate);
+
+/** Whatever a timer calls: a FTimerDelegate or a TFunction. Move-only in practice. */
+struct FTimerUnifiedDelegate
+{
+	FTimerUnifiedDelegate() = default;
+	/** Wraps a delegate; a UObject binding keeps the object weakly. */
+	explicit FTimerUnifiedDelegate(const FTimerDelegate& InDelegate) : FuncDelegate(InDelegate) {}
+	/** Takes over a delegate without copying its binding. */
+	explicit FTimerUnifiedDelegate(FTimerDelegate&& InDelegate) : FuncDelegate(MoveTemp(InDelegate)) {}
+	/** Wraps a plain function, which has no object and so never goes stale. */
+	explicit FTimerUnifiedDelegate(TFunction<void()>&& InCallback) : FuncCallback(MoveTemp(InCallback)) {}
+
+	/** Calls whatever is bound, if its object is still alive. */
+	void Execute() const
+	{
+		if (FuncDelegate.IsBound())
+		{
+			FuncDelegate.Execute();
+		}
+		else if (FuncCallback)
+		{
+			FuncCallback();
+		}
+	}
+
+	/** False when nothing is bound or a weakly held object has gone. */
+	bool IsBound() const { return FuncDelegate.IsBound() || static_cast<bool>(FuncCallback); }
+
+	/** The object a delegate binding calls into, or null (plain functions, static bindings). */
+	const void* GetBoundObject() const
+	{
+		const FTimerDelegate::InstanceType* Instance = FuncDelegate.GetDelegateInstance();
+		return Instance ? Instance->GetBoundObject() : nullptr;
+	}
+
+	/** Drops the binding. */
+	void Unbind()
+	{
+		FuncDelegate.Unbind();
+		FuncCallback.Reset();
+	}
+
+	/** The native delegate form, when bound that way. */
+	FTimerDelegate FuncDelegate;
+	/** The plain function form, when bound that way. */
+	TFunction<void()> FuncCallback;
+};
 
 class ENGINE_API FTimerManager
 {
@@ -60,8 +110,10 @@ public:
 	/** Stops every timer whose delegate is bound to Object. */
 	void ClearAllTimersForObject(void const* Object) { InternalClearAllTimers(Object); }
 
-	/** Stand-in: stops every timer (a world on its way out); safe inside a callback. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: stops every timer (a world on its way out); safe inside a callback. */
 	void ClearAllTimers();
+#endif
 
 	/** True while the timer will still fire (also for a timer set this frame). */
 	bool IsTimerActive(FTimerHandle InHandle) const;
@@ -79,15 +131,17 @@ public:
 
 	/** Seconds this manager has ticked. */
 	double GetInternalTime() const { return static_cast<double>(NowNs) * 1e-9; }
-	/** How many timers exist (active or set this frame). */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: how many timers exist (active or set this frame). */
 	int32 GetNumTimers() const { return NumLiveTimers; }
+#endif
 
+private:
 	/** Where every SetTimer overload ends: clears InOutHandle's timer, then (rate > 0) sets a new one into it. */
 	void InternalSetTimer(FTimerHandle& InOutHandle, FTimerUnifiedDelegate&& InDelegate, float InRate, bool InbLoop, float InFirstDelay);
 	/** Where ClearAllTimersForObject ends: clears every timer bound to Object (null clears nothing). */
 	void InternalClearAllTimers(void const* Object);
 
-private:
 	enum class ETimerStatus : uint8
 	{
 		Free,

@@ -19,9 +19,9 @@ namespace
 		{
 			if (const UMaterial* Plain = Cast<UMaterial>(Resource))
 			{
-				InOutTint = InOutTint * Plain->BaseColor;
+				InOutTint = InOutTint * Plain->GetBaseColor();
 			}
-			return Cast<UMediaTexture>(Material->GetDisplayTexture());
+			return Cast<UMediaTexture>(Material->GetPlainDisplayTexture());
 		}
 		return nullptr;
 	}

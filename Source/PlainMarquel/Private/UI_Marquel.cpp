@@ -156,7 +156,7 @@ void UUI_Marquel::SpawnComment(const FString& Text)
 	TextBlock->SetFont(Font);
 	TextBlock->SetText(FText::FromString(Text));
 	TextBlock->SetShadowOffset(FVector2D(1.0, 1.0));
-	TextBlock->ShadowColorAndOpacity = FLinearColor(0.f, 0.f, 0.f, 0.8f);
+	TextBlock->SetShadowColorAndOpacity(FLinearColor(0.f, 0.f, 0.f, 0.8f));
 	UCanvasPanelSlot* TextSlot = MarquelCanvas->AddChildToCanvas(TextBlock);
 	if (!TextSlot)
 	{

@@ -151,7 +151,7 @@ void UUI_VidariaSystem::PlaySpeed(FString SelectedItem, ESelectInfo::Type Select
 {
 	// Items read like "1.5x"; a text with no number gives 0, which the player takes as a pause.
 	SelectedItem.RemoveFromEnd(TEXT("x"), ESearchCase::IgnoreCase);
-	const float Rate = static_cast<float>(_wtof(*SelectedItem));
+	const float Rate = FCString::Atof(*SelectedItem);
 	if (MediaPlayer)
 	{
 		MediaPlayer->SetRate(Rate);

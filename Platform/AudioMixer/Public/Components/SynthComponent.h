@@ -30,12 +30,12 @@ public:
 	bool IsPlaying() const;
 
 	/** Sets a new volume multiplier, here and on the audio component. */
-	UFUNCTION(BlueprintCallable, Category = "Synth|Components|Audio")
+	UFUNCTION(BlueprintCallable, Category = "Audio|Components|Audio")
 	void SetVolumeMultiplier(float InVolumeMultiplier);
 
 	/** Retrieves this synth component's audio component (null until registered). */
 	UFUNCTION(BlueprintCallable, Category = "Synth|Components|Audio")
-	UAudioComponent* GetAudioComponent() const { return AudioComponent; }
+	UAudioComponent* GetAudioComponent() { return AudioComponent; }
 
 	/** The synth's volume multiplier. */
 	UPROPERTY(EditAnywhere, BlueprintReadOnly, Category = "Sound")
@@ -45,8 +45,10 @@ public:
 	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Activation")
 	bool bAutoActivate = true;
 
-	/** Stand-in: adds Frames of this synth's sound (stereo, volume applied) to Mix; the mixer calls it each frame. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: adds Frames of this synth's sound (stereo, volume applied) to Mix; the mixer calls it each frame. */
 	void MixInto(float* Mix, int32 Frames);
+#endif
 
 protected:
 	/** Fills NumSamples interleaved stereo samples; returns how many it wrote (the rest stays silent). */

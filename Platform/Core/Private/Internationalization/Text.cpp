@@ -39,9 +39,10 @@ const FText& FText::GetEmpty()
 	return *Empty;
 }
 
-FText FText::FromLocalizedLiteral(const TCHAR* Namespace, const TCHAR* Key, const TCHAR* Source)
+FText FInternationalization::ForUseOnlyByLocMacroAndGraphNodeTextLiterals_CreateText(const TCHAR* InTextLiteral, const TCHAR* InNamespace,
+	const TCHAR* InKey)
 {
-	return FText(std::make_shared<const FData>(FData{FString(Source), FString(Namespace), FString(Key)}));
+	return FText(std::make_shared<const FText::FData>(FText::FData{FString(InTextLiteral), FString(InNamespace), FString(InKey)}));
 }
 
 const FString& FText::ToString() const

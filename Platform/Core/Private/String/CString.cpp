@@ -231,7 +231,3 @@ bool FCString::IsNumeric(const TCHAR* String)
 	return bHasDigit;
 }
 
-double _wtof(const wchar_t* String)
-{
-	return ParseDoublePrefix(String);
-}

@@ -6,6 +6,8 @@
 #include "Misc/PrintfArg.h"
 
 #include <string>
+#include <type_traits>
+#include <utility>
 
 /**
  * The engine's string: TCHAR text with a null terminator, so operator* is always a valid C string.
@@ -25,10 +27,20 @@ public:
 	/** The first Len characters of Text (fewer if Text ends sooner). */
 	CORE_API explicit FString(int32 Len, const TCHAR* Text);
 	CORE_API explicit FString(int32 Len, const ANSICHAR* Text);
+	/** A copy of the characters a view (a TStringView, or any range with GetData() and Len()) shows. */
+	template<class CharRangeType,
+		class = std::enable_if_t<std::is_same_v<decltype(std::declval<const CharRangeType&>().GetData()), const TCHAR*>
+			&& std::is_same_v<decltype(std::declval<const CharRangeType&>().Len()), int32>>>
+	explicit FString(const CharRangeType& Range)
+		: FString(Range.Len(), Range.GetData())
+	{
+	}
 	CORE_API FString& operator=(const TCHAR* Text);
 
-	/** Stand-in only (the engine spells this with StringCast): Len bytes of UTF-8 as a string. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's (the engine spells this with StringCast): Len bytes of UTF-8 as a string. */
 	static CORE_API FString FromUTF8(const ANSICHAR* Bytes, int32 Len);
+#endif
 
 	/** The text as a null-terminated C string; never null, valid until this string changes. */
 	const TCHAR* operator*() const { return Data.c_str(); }

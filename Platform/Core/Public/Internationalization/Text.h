@@ -38,9 +38,6 @@ public:
 	static CORE_API FText AsCultureInvariant(const FString& String);
 	static CORE_API const FText& GetEmpty();
 
-	/** Stand-in only, what NSLOCTEXT expands to: localizable text with its namespace and key. */
-	static CORE_API FText FromLocalizedLiteral(const TCHAR* Namespace, const TCHAR* Key, const TCHAR* Source);
-
 	/** The text as displayed. The reference lives as long as this FText (or a copy of it). */
 	CORE_API const FString& ToString() const;
 	bool IsEmpty() const { return ToString().IsEmpty(); }
@@ -52,6 +49,7 @@ public:
 
 private:
 	friend class FTextInspector;
+	friend class FInternationalization;
 
 	struct FData
 	{
@@ -72,13 +70,14 @@ private:
 class FTextInspector
 {
 public:
-	/** The NSLOCTEXT/LOCTEXT namespace; empty for text without a key (the engine gives an unset optional). */
+#if PLAIN_PLATFORM_INTERNALS
+	// The stand-in's: the engine's forms return TOptional<FString>, which this tree does not have.
+	/** The NSLOCTEXT/LOCTEXT namespace; empty for text without a key. */
 	static CORE_API FString GetNamespace(const FText& Text);
 	/** The NSLOCTEXT/LOCTEXT key; empty for text without one. */
 	static CORE_API FString GetKey(const FText& Text);
+#endif
 	static const FString& GetDisplayString(const FText& Text) { return Text.ToString(); }
 };
 
-#define NSLOCTEXT(InNamespace, InKey, InTextLiteral) FText::FromLocalizedLiteral(TEXT(InNamespace), TEXT(InKey), TEXT(InTextLiteral))
-#define LOCTEXT(InKey, InTextLiteral) NSLOCTEXT(LOCTEXT_NAMESPACE, InKey, InTextLiteral)
-#define INVTEXT(InTextLiteral) FText::AsCultureInvariant(FString(TEXT(InTextLiteral)))
+#include "Internationalization/Internationalization.h"

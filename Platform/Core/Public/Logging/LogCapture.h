@@ -2,6 +2,10 @@
 
 // Stand-in only: the last log lines kept in memory so tests can assert on what was logged.
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Logging/LogCapture.h belongs to the stand-in's tests; the engine has no such header"
+#endif
+
 #include "Containers/UnrealString.h"
 #include "HAL/Platform.h"
 #include "Logging/LogVerbosity.h"

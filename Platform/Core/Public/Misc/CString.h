@@ -24,13 +24,21 @@ namespace ESearchDir
 	};
 }
 
+/** Functions on null-terminated strings of one character type; only TCHAR strings are provided. */
+template<typename T>
+struct TCString;
+
 /**
  * Functions on null-terminated TCHAR strings, as the engine's FCString. Case-insensitive variants
  * fold with FChar::ToLower, so they agree with FString's comparisons. A null pointer is read as "".
- * The number parsers never fail: they read the longest valid prefix and give 0 when there is none.
+ * The number parsers never fail: they read the longest valid prefix and give 0 when there is none,
+ * and they always read '.' as the decimal point, whatever the locale ("1.5x" is 1.5).
  */
-struct FCString
+template<>
+struct TCString<TCHAR>
 {
+	using CharType = TCHAR;
+
 	static CORE_API int32 Strlen(const TCHAR* String);
 	static CORE_API int32 Strcmp(const TCHAR* A, const TCHAR* B);
 	static CORE_API int32 Stricmp(const TCHAR* A, const TCHAR* B);
@@ -55,8 +63,4 @@ struct FCString
 	static CORE_API bool IsNumeric(const TCHAR* String);
 };
 
-/**
- * The C runtime's wide atof: leading whitespace skipped, the longest decimal number prefix read
- * ("1.5x" is 1.5), 0.0 when there is none. Always reads '.' as the decimal point, whatever the locale.
- */
-CORE_API double _wtof(const wchar_t* String);
+using FCString = TCString<TCHAR>;

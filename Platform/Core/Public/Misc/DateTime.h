@@ -4,7 +4,6 @@
 #include "HAL/Platform.h"
 #include "Misc/Timespan.h"
 
-#include <compare>
 
 /** Day of the week; 0001-01-01, where FDateTime starts, was a Monday. */
 enum class EDayOfWeek
@@ -108,8 +107,12 @@ public:
 	FTimespan operator-(const FDateTime& Other) const { return FTimespan(Ticks) - FTimespan(Other.Ticks); }
 	FDateTime& operator+=(const FTimespan& Other) { return *this = *this + Other; }
 	FDateTime& operator-=(const FTimespan& Other) { return *this = *this - Other; }
-	bool operator==(const FDateTime& Other) const = default;
-	std::strong_ordering operator<=>(const FDateTime& Other) const = default;
+	bool operator==(const FDateTime& Other) const { return Ticks == Other.Ticks; }
+	bool operator!=(const FDateTime& Other) const { return Ticks != Other.Ticks; }
+	bool operator>(const FDateTime& Other) const { return Ticks > Other.Ticks; }
+	bool operator>=(const FDateTime& Other) const { return Ticks >= Other.Ticks; }
+	bool operator<(const FDateTime& Other) const { return Ticks < Other.Ticks; }
+	bool operator<=(const FDateTime& Other) const { return Ticks <= Other.Ticks; }
 
 	friend uint32 GetTypeHash(const FDateTime& DateTime) { return GetTypeHash(FTimespan(DateTime.Ticks)); }
 

@@ -21,8 +21,10 @@ public:
 	static CORE_API FString ProjectIntermediateDir();
 	/** ProjectDir() + "Config/". */
 	static CORE_API FString ProjectConfigDir();
-	/** Stand-in only: where the project lives, for hosts and tests; an empty path restores the default. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: where the project lives, for hosts and tests; an empty path restores the default. */
 	static CORE_API void SetProjectDir(const FString& Directory);
+#endif
 
 	/** Absolute, '/'-separated, "." and ".." collapsed; a relative path is taken from the current directory. */
 	static CORE_API FString ConvertRelativePathToFull(const FString& InPath);

@@ -3,7 +3,6 @@
 #include "Containers/UnrealString.h"
 #include "HAL/Platform.h"
 
-#include <compare>
 #include <limits>
 
 /** Tick arithmetic for FTimespan and FDateTime: one tick is 100 nanoseconds. */
@@ -96,8 +95,12 @@ public:
 	FTimespan& operator*=(double Scalar) { return *this = *this * Scalar; }
 	FTimespan& operator/=(double Scalar) { return *this = *this / Scalar; }
 	FTimespan& operator%=(const FTimespan& Other) { return *this = *this % Other; }
-	bool operator==(const FTimespan& Other) const = default;
-	std::strong_ordering operator<=>(const FTimespan& Other) const = default;
+	bool operator==(const FTimespan& Other) const { return Ticks == Other.Ticks; }
+	bool operator!=(const FTimespan& Other) const { return Ticks != Other.Ticks; }
+	bool operator>(const FTimespan& Other) const { return Ticks > Other.Ticks; }
+	bool operator>=(const FTimespan& Other) const { return Ticks >= Other.Ticks; }
+	bool operator<(const FTimespan& Other) const { return Ticks < Other.Ticks; }
+	bool operator<=(const FTimespan& Other) const { return Ticks <= Other.Ticks; }
 
 	friend FTimespan operator*(double Scalar, const FTimespan& Timespan) { return Timespan * Scalar; }
 	/** Equal spans hash equal; all 64 bits take part. */

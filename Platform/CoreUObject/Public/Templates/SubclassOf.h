@@ -4,6 +4,12 @@
 
 #include "UObject/Class.h"
 
+namespace UE::Reflection
+{
+	template<class T, class Enable>
+	struct TPropertyTraits;
+}
+
 template<class T>
 class TSubclassOf
 {
@@ -31,11 +37,22 @@ public:
 
 	bool operator==(const TSubclassOf& Other) const { return Class == Other.Class; }
 
-	/** The class as stored, unchecked; for the reflection, which may not see T's definition. */
+	// The class as stored, unchecked: the reflection (which may not see T's definition) and the
+	// stand-in's widget factory read it. Generated code compiled into the plug-in reaches it as a
+	// friend; for the plug-in's own code it is private, as the engine has no such accessor.
+#if PLAIN_PLATFORM_INTERNALS
+public:
+#else
+private:
+#endif
+	/** The class as stored, unchecked. */
 	UClass* GetRawClass() const { return Class; }
 	void SetRawClass(UClass* InClass) { Class = InClass; }
 
 private:
+	template<class, class>
+	friend struct UE::Reflection::TPropertyTraits;
+
 	/** Held as given; Get() applies the check, as the engine's does. */
 	UClass* Class = nullptr;
 };

@@ -62,5 +62,7 @@ public:
 /** Collects every object not reachable from a root. KeepFlags keeps objects with any of them too. */
 COREUOBJECT_API void CollectGarbage(EObjectFlags KeepFlags = RF_NoFlags, bool bPerformFullPurge = true);
 
-/** Stand-in: how many objects the last collection freed, for tests and logs. */
+#if PLAIN_PLATFORM_INTERNALS
+/** The stand-in's: how many objects the last collection freed, for tests and logs. */
 COREUOBJECT_API int32 GetLastGarbageCollectionFreedCount();
+#endif

@@ -80,12 +80,14 @@ COREUOBJECT_API UObject* StaticLoadObject(UClass* Class, UObject* InOuter, const
 COREUOBJECT_API UClass* StaticLoadClass(UClass* BaseClass, UObject* InOuter, const TCHAR* Name, const TCHAR* Filename = nullptr,
 	uint32 LoadFlags = LOAD_None, UPackageMap* Sandbox = nullptr);
 
+#if PLAIN_PLATFORM_INTERNALS
 namespace UE::Loading
 {
-	/** Loads the object at an object path; set by the engine's asset system. */
+	/** The stand-in's: loads the object at an object path; set by the Engine module's asset loader. */
 	using FObjectLoader = UObject* (*)(UClass* Class, UObject* InOuter, const FString& Path, uint32 LoadFlags);
 	COREUOBJECT_API void SetObjectLoader(FObjectLoader Loader);
 }
+#endif
 
 template<class T>
 T* NewObject(UObject* Outer, UClass* Class, FName Name = NAME_None, EObjectFlags Flags = RF_NoFlags)

@@ -5,6 +5,10 @@
 // classes are read generically (make the object, set its properties by reflection); a module whose
 // assets need more (UMG's widget blueprints) registers its own reader for the class name.
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Assets/AssetReaders.h belongs to the stand-in's asset loader; the engine has no such header"
+#endif
+
 #include "CoreMinimal.h"
 #include "Templates/Function.h"
 

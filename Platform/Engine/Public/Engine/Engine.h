@@ -30,12 +30,15 @@ public:
 	/** Removes the line shown under Key, if any. */
 	void RemoveOnScreenDebugMessage(uint64 Key);
 
-	/** The lines on screen, top to bottom (stand-in: for the renderer and tests). */
-	const TArray<FOnScreenMessage>& GetOnScreenMessages() const { return OnScreenMessages; }
-	/** Counts down every line and removes those whose time is up; the frame loop calls it each frame. */
-	void TickOnScreenMessages(float DeltaSeconds);
 	/** Removes every line. */
-	void ClearOnScreenMessages() { OnScreenMessages.Empty(); }
+	void ClearOnScreenDebugMessages() { OnScreenMessages.Empty(); }
+
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: the lines on screen, top to bottom, for the renderer and tests. */
+	const TArray<FOnScreenMessage>& GetOnScreenMessages() const { return OnScreenMessages; }
+	/** The stand-in's: counts down every line and removes those whose time is up; the frame loop calls it each frame. */
+	void TickOnScreenMessages(float DeltaSeconds);
+#endif
 
 private:
 	// The lines on screen, in drawing order (top first).

@@ -21,11 +21,15 @@ public:
 	UWorld();
 	~UWorld() override;
 
+#if PLAIN_PLATFORM_INTERNALS
+	// The stand-in's world life cycle; the engine's CreateWorld and DestroyWorld take world types
+	// and engine state this tree does not have.
 	/** Makes a rooted world in its own package (/Temp/<WorldName>); a taken name gets a number. */
 	static UWorld* CreateWorld(FName WorldName = NAME_None);
 
 	/** Clears the world's timers and un-roots it, so the next collection frees it. */
 	void DestroyWorld();
+#endif
 
 	/** The world's timers. */
 	FTimerManager& GetTimerManager() const;
@@ -35,13 +39,15 @@ public:
 
 	/** Seconds the world has ticked since it was made. */
 	float GetTimeSeconds() const { return static_cast<float>(TimeSeconds); }
-	/** The same, without losing precision on long runs. */
-	double GetTimeSecondsDouble() const { return TimeSeconds; }
 	/** The length of the last Tick. */
 	float GetDeltaSeconds() const { return DeltaTimeSeconds; }
 
-	/** Advances the world time and ticks the timer manager; the frame loop calls it at its timer step. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: the world time without losing precision on long runs. */
+	double GetTimeSecondsDouble() const { return TimeSeconds; }
+	/** The stand-in's: advances the world time and ticks the timer manager, at the frame loop's timer step. */
 	void Tick(float DeltaSeconds);
+#endif
 
 	/** Clears the timers first: none may call into objects of a world on its way out. */
 	void BeginDestroy() override;

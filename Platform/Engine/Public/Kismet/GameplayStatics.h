@@ -39,6 +39,8 @@ public:
 	UFUNCTION(BlueprintCallable, Category = "Game")
 	static bool DeleteGameInSlot(const FString& SlotName, const int32 UserIndex);
 
-	/** Stand-in: the file a slot lives in, or empty for a slot name that is refused. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: the file a slot lives in, or empty for a slot name that is refused. */
 	static FString GetSaveGamePath(const FString& SlotName);
+#endif
 };

@@ -15,6 +15,19 @@ class ENGINE_API UMaterial : public UMaterialInterface
 	GENERATED_BODY()
 
 public:
+#if PLAIN_PLATFORM_INTERNALS
+	// The stand-in's view of the asset, for the renderer and tests; the engine's material has a graph instead.
+	/** The texture parameter the video is bound to. */
+	FName GetVideoTextureParameter() const { return VideoTextureParameter; }
+	/** The texture sampled under that parameter. */
+	UObject* GetVideoTexture() const { return VideoTexture; }
+	/** Binds the texture sampled under the video parameter. */
+	void SetVideoTexture(UObject* InTexture) { VideoTexture = InTexture; }
+	/** The colour multiplied with the texture. */
+	const FLinearColor& GetBaseColor() const { return BaseColor; }
+#endif
+
+private:
 	/** Name of the texture parameter the video is bound to. */
 	UPROPERTY(EditAnywhere, Category = "Material")
 	FName VideoTextureParameter;

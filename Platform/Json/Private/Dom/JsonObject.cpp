@@ -46,14 +46,16 @@ bool FJsonObject::HasFieldOfType(const FString& FieldName, EJson JsonType) const
 	return Field != nullptr && Field->IsValid() && (*Field)->Type == JsonType;
 }
 
-TSharedPtr<FJsonValue> FJsonObject::TryGetField(const FString& FieldName) const
+TSharedPtr<FJsonValue> FJsonObject::TryGetField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
 	return Field != nullptr ? *Field : TSharedPtr<FJsonValue>();
 }
 
-bool FJsonObject::HasField(const FString& FieldName) const
+bool FJsonObject::HasField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
 	return Field != nullptr && Field->IsValid();
 }
@@ -63,21 +65,24 @@ void FJsonObject::SetField(const FString& FieldName, const TSharedPtr<FJsonValue
 	Values.Add(FieldName, Value);
 }
 
-void FJsonObject::RemoveField(const FString& FieldName)
+void FJsonObject::RemoveField(FStringView InFieldName)
 {
+	const FString FieldName(InFieldName);
 	Values.Remove(FieldName);
 }
 
 // The getters read a present field in place; only a missing or mistyped one goes through
 // GetFieldOfType, for its warning and the Null value's own.
-double FJsonObject::GetNumberField(const FString& FieldName) const
+double FJsonObject::GetNumberField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
 	return Field ? (*Field)->AsNumber() : GetFieldOfType(FieldName, EJson::None)->AsNumber();
 }
 
-int32 FJsonObject::GetIntegerField(const FString& FieldName) const
+int32 FJsonObject::GetIntegerField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	const double Number = GetNumberField(FieldName);
 	if (std::isnan(Number))
 	{
@@ -89,73 +94,86 @@ int32 FJsonObject::GetIntegerField(const FString& FieldName) const
 	return static_cast<int32>(Number < Lowest ? Lowest : (Number > Highest ? Highest : Number));
 }
 
-FString FJsonObject::GetStringField(const FString& FieldName) const
+FString FJsonObject::GetStringField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
 	return Field ? (*Field)->AsString() : GetFieldOfType(FieldName, EJson::None)->AsString();
 }
 
-bool FJsonObject::GetBoolField(const FString& FieldName) const
+bool FJsonObject::GetBoolField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	return GetFieldOfType(FieldName, EJson::None)->AsBool();
 }
 
-const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(const FString& FieldName) const
+const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	// The array lives in the field's value, which Values keeps alive after the temporary goes.
 	return GetFieldOfType(FieldName, EJson::Array)->AsArray();
 }
 
-const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(const FString& FieldName) const
+const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(FStringView InFieldName) const
 {
+	const FString FieldName(InFieldName);
 	return GetFieldOfType(FieldName, EJson::Object)->AsObject();
 }
 
-bool FJsonObject::TryGetNumberField(const FString& FieldName, double& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView InFieldName, double& OutNumber) const
 {
+	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(const FString& FieldName, float& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView InFieldName, float& OutNumber) const
 {
+	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(const FString& FieldName, int32& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView InFieldName, int32& OutNumber) const
 {
+	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(const FString& FieldName, int64& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView InFieldName, int64& OutNumber) const
 {
+	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(const FString& FieldName, uint32& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView InFieldName, uint32& OutNumber) const
 {
+	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetStringField(const FString& FieldName, FString& OutString) const
+bool FJsonObject::TryGetStringField(FStringView InFieldName, FString& OutString) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetString(OutString);
 }
 
-bool FJsonObject::TryGetBoolField(const FString& FieldName, bool& OutBool) const
+bool FJsonObject::TryGetBoolField(FStringView InFieldName, bool& OutBool) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetBool(OutBool);
 }
 
-bool FJsonObject::TryGetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
+bool FJsonObject::TryGetArrayField(FStringView InFieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetArray(OutArray);
 }
 
-bool FJsonObject::TryGetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>*& OutObject) const
+bool FJsonObject::TryGetObjectField(FStringView InFieldName, const TSharedPtr<FJsonObject>*& OutObject) const
 {
+	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetObject(OutObject);
 }

@@ -67,7 +67,7 @@ namespace
 	}
 }
 
-bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TSharedPtr<FJsonObject>& OutObject)
+bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TSharedPtr<FJsonObject>& OutObject, EFlags InOptions)
 {
 	TSharedPtr<FJsonValue> Root;
 	if (!ReadDocument(Reader->Text, EJsonRoot::Object, Root, Reader->ErrorMessage))
@@ -78,7 +78,7 @@ bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, 
 	return true;
 }
 
-bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TArray<TSharedPtr<FJsonValue>>& OutArray)
+bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TArray<TSharedPtr<FJsonValue>>& OutArray, EFlags InOptions)
 {
 	TSharedPtr<FJsonValue> Root;
 	if (!ReadDocument(Reader->Text, EJsonRoot::Array, Root, Reader->ErrorMessage))
@@ -89,7 +89,7 @@ bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, 
 	return true;
 }
 
-bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TSharedPtr<FJsonValue>& OutValue)
+bool FJsonSerializer::Deserialize(const TSharedRef<TJsonReader<TCHAR>>& Reader, TSharedPtr<FJsonValue>& OutValue, EFlags InOptions)
 {
 	TSharedPtr<FJsonValue> Root;
 	if (!ReadDocument(Reader->Text, EJsonRoot::ObjectOrArray, Root, Reader->ErrorMessage))

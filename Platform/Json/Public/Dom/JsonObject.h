@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 #include "Containers/Array.h"
 #include "Containers/Map.h"
+#include "Containers/StringView.h"
 #include "Dom/JsonValue.h"
 #include "Serialization/JsonTypes.h"
 #include "Templates/SharedPointer.h"
@@ -12,6 +13,7 @@
  * as FString keys do. The Get*Field readers never fail: a missing field logs "Field X was not
  * found.", a field of the wrong kind "Field X is of the wrong type.", and the default (0, "",
  * false, an empty array, an invalid object pointer) comes back. Use TryGet*Field to tell.
+ * Readers take the name as a view, as the engine's do; a lookup copies it into an FString key.
  */
 class JSON_API FJsonObject
 {
@@ -21,43 +23,43 @@ public:
 
 	/** The field if it exists and is of JsonType (None: any kind), else a Null value and a warning. */
 	template<EJson JsonType>
-	TSharedPtr<FJsonValue> GetField(const FString& FieldName) const
+	TSharedPtr<FJsonValue> GetField(FStringView FieldName) const
 	{
-		return GetFieldOfType(FieldName, JsonType);
+		return GetFieldOfType(FString(FieldName), JsonType);
 	}
 
 	/** The field, or an invalid pointer when there is none; never logs. */
-	TSharedPtr<FJsonValue> TryGetField(const FString& FieldName) const;
-	bool HasField(const FString& FieldName) const;
+	TSharedPtr<FJsonValue> TryGetField(FStringView FieldName) const;
+	bool HasField(FStringView FieldName) const;
 
 	template<EJson JsonType>
-	bool HasTypedField(const FString& FieldName) const
+	bool HasTypedField(FStringView FieldName) const
 	{
-		return HasFieldOfType(FieldName, JsonType);
+		return HasFieldOfType(FString(FieldName), JsonType);
 	}
 
 	void SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value);
-	void RemoveField(const FString& FieldName);
+	void RemoveField(FStringView FieldName);
 
-	double GetNumberField(const FString& FieldName) const;
+	double GetNumberField(FStringView FieldName) const;
 	/** The number truncated toward zero and clamped to int32. */
-	int32 GetIntegerField(const FString& FieldName) const;
-	FString GetStringField(const FString& FieldName) const;
-	bool GetBoolField(const FString& FieldName) const;
-	const TArray<TSharedPtr<FJsonValue>>& GetArrayField(const FString& FieldName) const;
+	int32 GetIntegerField(FStringView FieldName) const;
+	FString GetStringField(FStringView FieldName) const;
+	bool GetBoolField(FStringView FieldName) const;
+	const TArray<TSharedPtr<FJsonValue>>& GetArrayField(FStringView FieldName) const;
 	/** Invalid (after a warning) when the field is missing or not an object: check before use. */
-	const TSharedPtr<FJsonObject>& GetObjectField(const FString& FieldName) const;
+	const TSharedPtr<FJsonObject>& GetObjectField(FStringView FieldName) const;
 
 	// The TryGet*Field readers convert as FJsonValue::TryGet* does, and never log.
-	bool TryGetNumberField(const FString& FieldName, double& OutNumber) const;
-	bool TryGetNumberField(const FString& FieldName, float& OutNumber) const;
-	bool TryGetNumberField(const FString& FieldName, int32& OutNumber) const;
-	bool TryGetNumberField(const FString& FieldName, int64& OutNumber) const;
-	bool TryGetNumberField(const FString& FieldName, uint32& OutNumber) const;
-	bool TryGetStringField(const FString& FieldName, FString& OutString) const;
-	bool TryGetBoolField(const FString& FieldName, bool& OutBool) const;
-	bool TryGetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const;
-	bool TryGetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>*& OutObject) const;
+	bool TryGetNumberField(FStringView FieldName, double& OutNumber) const;
+	bool TryGetNumberField(FStringView FieldName, float& OutNumber) const;
+	bool TryGetNumberField(FStringView FieldName, int32& OutNumber) const;
+	bool TryGetNumberField(FStringView FieldName, int64& OutNumber) const;
+	bool TryGetNumberField(FStringView FieldName, uint32& OutNumber) const;
+	bool TryGetStringField(FStringView FieldName, FString& OutString) const;
+	bool TryGetBoolField(FStringView FieldName, bool& OutBool) const;
+	bool TryGetArrayField(FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const;
+	bool TryGetObjectField(FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const;
 
 	void SetNumberField(const FString& FieldName, double Number);
 	void SetStringField(const FString& FieldName, const FString& StringValue);

@@ -16,13 +16,13 @@ class FJsonObject;
 class JSON_API FJsonValue
 {
 public:
-	double AsNumber() const;
-	FString AsString() const;
-	bool AsBool() const;
+	virtual double AsNumber() const;
+	virtual FString AsString() const;
+	virtual bool AsBool() const;
 	/** The elements, or an empty array (with a warning) when this is not an array. */
-	const TArray<TSharedPtr<FJsonValue>>& AsArray() const;
+	virtual const TArray<TSharedPtr<FJsonValue>>& AsArray() const;
 	/** The object, or an invalid pointer (with a warning) when this is not an object: check it. */
-	const TSharedPtr<FJsonObject>& AsObject() const;
+	virtual const TSharedPtr<FJsonObject>& AsObject() const;
 
 	virtual bool TryGetNumber(double& OutNumber) const { return false; }
 	/** Whole-number reads round half away from zero and fail when the value does not fit. */

@@ -1,0 +1,4 @@
+#include "Modules/ModuleManager.h"
+
+// The module only carries UMinimalLessonHost; it has nothing to start.
+IMPLEMENT_MODULE(FDefaultModuleImpl, MinimalLessonHost)

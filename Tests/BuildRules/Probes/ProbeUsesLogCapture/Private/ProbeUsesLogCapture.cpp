@@ -1,0 +1,4 @@
+#include "CoreMinimal.h"
+#include "Logging/LogCapture.h"
+
+void ProbeForgetLog() { UE::Log::ClearCapturedLines(); }

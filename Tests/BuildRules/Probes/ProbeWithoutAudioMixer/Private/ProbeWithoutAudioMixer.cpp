@@ -1,0 +1,3 @@
+#include "MediaSoundComponent.h"
+
+void ProbeMute(UMediaSoundComponent& Sound) { Sound.SetVolumeMultiplier(0.0f); }
