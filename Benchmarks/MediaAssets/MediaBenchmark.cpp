@@ -99,7 +99,7 @@ static void MediaStepPlayingLesson(benchmark::State& State)
 {
 	UMediaPlayer* Player = NewObject<UMediaPlayer>();
 	Player->AddToRoot();
-	Player->Loop = true;
+	Player->SetLooping(true);
 	Player->OpenFile(TEXT(PLAIN_SAMPLE_MEDIA_DIR "/lesson.mp4"));
 	while (Player->IsPreparing())
 	{

@@ -142,6 +142,32 @@ TEST(HeaderToolClass, InvokersUnpackArgumentsAndStoreResults)
 		std::string::npos);
 }
 
+TEST(HeaderToolClass, WrapsWhatNamesADeprecatedMemberInTheDeprecationPragmas)
+{
+	FScratch Scratch;
+	ASSERT_EQ(Scratch.Run(Fixture("DeprecatedMembers.h")), 0) << Scratch.Errors;
+	const std::string Source = Scratch.Output("DeprecatedMembers.gen.cpp");
+
+	EXPECT_NE(Source.find("#include \"Misc/CoreMiscDefines.h\"\n"), std::string::npos) << Source;
+	// UE_DEPRECATED in front of UPROPERTY (with the doc comment between) and between UPROPERTY and the type.
+	for (const char* Name : {"Opacity", "Tint"})
+	{
+		const std::string Registration = std::string("PRAGMA_DISABLE_DEPRECATION_WARNINGS\n\tBuilder.AddProperty<decltype(UDeprecatedMembers::") + Name + ")>";
+		EXPECT_NE(Source.find(Registration), std::string::npos) << Name << " in:\n" << Source;
+	}
+	EXPECT_NE(Source.find("TEXT(\"Read through GetOpacity.\")"), std::string::npos) << "the doc comment still documents it";
+	EXPECT_NE(Source.find("{ TEXT(\"Category\"), TEXT(\"Rendering\") } });\nPRAGMA_ENABLE_DEPRECATION_WARNINGS\n"), std::string::npos);
+	EXPECT_EQ(Source.find("PRAGMA_DISABLE_DEPRECATION_WARNINGS\n\tBuilder.AddProperty<decltype(UDeprecatedMembers::Scale)>"), std::string::npos);
+
+	EXPECT_NE(Source.find("PRAGMA_DISABLE_DEPRECATION_WARNINGS\nvoid UDeprecatedMembers::execFade("), std::string::npos) << Source;
+	EXPECT_EQ(Source.find("PRAGMA_DISABLE_DEPRECATION_WARNINGS\nvoid UDeprecatedMembers::execGetOpacity("), std::string::npos)
+		<< "a deprecated plain member leaves the next reflected one alone";
+
+	// A file without deprecated members needs no pragmas.
+	ASSERT_EQ(Scratch.Run(Fixture("Structs.h")), 0) << Scratch.Errors;
+	EXPECT_EQ(Scratch.Output("Structs.gen.cpp").find("CoreMiscDefines"), std::string::npos);
+}
+
 TEST(HeaderToolDocComments, BecomeCommentAndToolTipOnlyWhenDirectlyAbove)
 {
 	FScratch Scratch;

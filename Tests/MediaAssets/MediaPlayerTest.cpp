@@ -253,7 +253,7 @@ TEST(MediaPlayer, DefaultsAreTheEnginesAndThePlaylistIsNeverNull)
 	EXPECT_EQ(Player->CacheBehind, FTimespan::FromMilliseconds(3000));
 	EXPECT_EQ(Player->CacheBehindGame, FTimespan::FromMilliseconds(100));
 	EXPECT_TRUE(Player->PlayOnOpen);
-	EXPECT_FALSE(Player->Loop);
+	EXPECT_FALSE(Player->IsLooping());
 	EXPECT_FALSE(Player->Shuffle);
 	EXPECT_EQ(Player->GetPlaylistIndex(), INDEX_NONE);
 	UMediaPlaylist* Playlist = Player->GetPlaylist();

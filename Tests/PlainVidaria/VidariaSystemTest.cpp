@@ -108,7 +108,7 @@ TEST_F(LessonPlayerPlayback, PauseWhilePreparingWaitsForPlaybackAndHappensOnce)
 	EXPECT_TRUE(Child<UUI_Marquel>(TEXT("Marquel"))->IsPaused());
 	UCheckBox* Suspend = Child<UCheckBox>(TEXT("SuspendButton"));
 	EXPECT_TRUE(Suspend->IsChecked());
-	EXPECT_EQ(Suspend->ToolTipText.ToString(), TEXT("Play"));
+	EXPECT_EQ(Suspend->GetToolTipText().ToString(), TEXT("Play"));
 	EXPECT_EQ(Child<UImage>(TEXT("PauseImage"))->GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
 	// The held pause is spent: playing again stays playing.
 	App.ClickWidget(Widget, TEXT("PauseButton"));
@@ -124,7 +124,7 @@ TEST_F(LessonPlayerPlayback, ClicksWhilePreparingAreDropped)
 	App.ClickWidget(Widget, TEXT("SuspendButton"));
 	UCheckBox* Suspend = Child<UCheckBox>(TEXT("SuspendButton"));
 	EXPECT_FALSE(Suspend->IsChecked());
-	EXPECT_EQ(Suspend->ToolTipText.ToString(), TEXT("Pause"));
+	EXPECT_EQ(Suspend->GetToolTipText().ToString(), TEXT("Pause"));
 	Media.FinishOpen();
 	App.TickFrames(5);
 	EXPECT_TRUE(Player->IsPlaying());
@@ -138,14 +138,14 @@ TEST_F(LessonPlayerEvents, PlayPauseBoxAndPictureFollowThePlayer)
 	UCheckBox* Suspend = Child<UCheckBox>(TEXT("SuspendButton"));
 	UImage* PauseImage = Child<UImage>(TEXT("PauseImage"));
 	EXPECT_FALSE(Suspend->IsChecked());
-	EXPECT_EQ(Suspend->ToolTipText.ToString(), TEXT("Pause"));
+	EXPECT_EQ(Suspend->GetToolTipText().ToString(), TEXT("Pause"));
 	EXPECT_EQ(PauseImage->GetVisibility(), ESlateVisibility::Collapsed);
 
 	App.ClickWidget(Widget, TEXT("SuspendButton"));
 	ASSERT_TRUE(TickUntilPaused());
 	App.TickFrame();
 	EXPECT_TRUE(Suspend->IsChecked());
-	EXPECT_EQ(Suspend->ToolTipText.ToString(), TEXT("Play"));
+	EXPECT_EQ(Suspend->GetToolTipText().ToString(), TEXT("Play"));
 	EXPECT_EQ(PauseImage->GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
 
 	App.ClickWidget(Widget, TEXT("SuspendButton"));
@@ -153,7 +153,7 @@ TEST_F(LessonPlayerEvents, PlayPauseBoxAndPictureFollowThePlayer)
 	EXPECT_TRUE(Player->IsPlaying());
 	EXPECT_FALSE(Child<UUI_Marquel>(TEXT("Marquel"))->IsPaused());
 	EXPECT_FALSE(Suspend->IsChecked());
-	EXPECT_EQ(Suspend->ToolTipText.ToString(), TEXT("Pause"));
+	EXPECT_EQ(Suspend->GetToolTipText().ToString(), TEXT("Pause"));
 	EXPECT_EQ(PauseImage->GetVisibility(), ESlateVisibility::Collapsed);
 
 	// A pause the player makes for a reason of its own shows the same way.

@@ -156,10 +156,15 @@ TEST_F(WidgetBlueprintTest, BlueprintBuildsItsTreeBindsEveryKindOfWidgetAndAppli
 	EXPECT_EQ(Player->Speed, 1.5f);
 	EXPECT_EQ(Player->PlayTimeText->GetText().ToString(), TEXT("00:00"));
 	EXPECT_EQ(Player->ComboPlaySpeed->GetOptionCount(), 2);
+	EXPECT_EQ(Player->GetWidgetFromName(TEXT("MediaBarBorder")), Player->MediaBarBorder) << "the tree is searched by designer name";
+	EXPECT_EQ(Player->GetWidgetFromName(TEXT("VolumeValue")), nullptr) << "a nested blueprint's tree is its own";
 
 	// The designed layout: the bar is pinned to the bottom, the slider fills what the row leaves.
 	FWidgetViewport::Get().SetViewportSize(FVector2D(800.0, 600.0));
+	EXPECT_FALSE(Player->IsInViewport());
 	Player->AddToViewport();
+	EXPECT_TRUE(Player->IsInViewport());
+	EXPECT_FALSE(Player->MediaBarBorder->IsInViewport()) << "only the widget added to the viewport stands in it";
 	FWidgetViewport::Get().Layout();
 	EXPECT_EQ(Player->ImageVideo->GetCachedGeometry().GetLocalSize(), FVector2D(800.0, 600.0));
 	const FGeometry Bar = Player->MediaBarBorder->GetCachedGeometry();
@@ -209,7 +214,7 @@ TEST_F(WidgetBlueprintTest, AnimationsAreFoundByInstNameInAssetOrderAndAdvanceWi
 	Player->PlayAnimation(OpenBar);
 	FWidgetViewport::Get().TickWidgets(0.15f);
 	EXPECT_NEAR(Player->ControlBar->GetRenderOpacity(), 0.5f, 1e-4);
-	EXPECT_NEAR(Player->ControlBar->RenderTransform.Translation.Y, 20.0, 1e-4);
+	EXPECT_NEAR(Player->ControlBar->GetRenderTransform().Translation.Y, 20.0, 1e-4);
 	EXPECT_TRUE(Player->IsAnimationPlaying(OpenBar));
 	FWidgetViewport::Get().TickWidgets(0.5f);
 	EXPECT_FLOAT_EQ(Player->ControlBar->GetRenderOpacity(), 1.0f);

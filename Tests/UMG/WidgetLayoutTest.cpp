@@ -57,7 +57,9 @@ namespace
 		UImage* MakeImage(double Width, double Height) const
 		{
 			UImage* Image = Screen->WidgetTree->ConstructWidget<UImage>();
-			Image->Brush.ImageSize = FVector2D(Width, Height);
+			FSlateBrush Brush = Image->GetBrush();
+			Brush.ImageSize = FVector2D(Width, Height);
+			Image->SetBrush(Brush);
 			return Image;
 		}
 
@@ -142,7 +144,7 @@ TEST_F(WidgetLayoutTest, AnimationPlayersLoopReverseAndRestore)
 	UImage* Target = MakeImage(10.0, 10.0);
 	Canvas->AddChild(Target);
 	UWidgetAnimation* Fade = NewObject<UWidgetAnimation>(Screen, UWidgetAnimation::StaticClass(), FName(TEXT("Fade_INST")));
-	Fade->Length = 1.0f;
+	Fade->SetLength(1.0f);
 	FWidgetAnimationTrack Track;
 	Track.WidgetName = Target->GetFName();
 	Track.Keys = { { 0.0f, FVector2D(0.0, 0.0) }, { 1.0f, FVector2D(1.0, 0.0) } };

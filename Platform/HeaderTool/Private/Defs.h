@@ -28,6 +28,8 @@ namespace HeaderTool
 		AccessLevel Access = AccessLevel::Public;
 		std::set<std::string> Flags;
 		MetaData Meta;
+		// Declared under UE_DEPRECATED: generated code that names it must not warn.
+		bool bDeprecated = false;
 	};
 
 	/** One parameter of a UFUNCTION or of a dynamic delegate. */
@@ -50,6 +52,8 @@ namespace HeaderTool
 		bool bVirtual = false;
 		bool bConst = false;
 		bool bFinal = false;
+		// Declared under UE_DEPRECATED: the generated invoker that calls it must not warn.
+		bool bDeprecated = false;
 		std::set<std::string> Flags;
 		MetaData Meta;
 	};

@@ -78,6 +78,8 @@ namespace HeaderTool
 
 		void WriteInvoker(std::string& Out, const ClassDef& Class, const FunctionDef& Function)
 		{
+			// A blueprint may still call a deprecated function; its invoker is no new use of it.
+			Out += Function.bDeprecated ? "PRAGMA_DISABLE_DEPRECATION_WARNINGS\n" : "";
 			Out += "void " + Class.Name + "::exec" + Function.Name + "(UObject* Context, void* Params, void* Result)\n{\n";
 			if (!Function.Params.empty())
 			{
@@ -92,6 +94,7 @@ namespace HeaderTool
 			Call += ")";
 			Out += Function.ReturnType == "void" ? "\t" + Call + ";\n" : "\t::UE::Reflection::StoreResult(Result, " + Call + ");\n";
 			Out += "}\n";
+			Out += Function.bDeprecated ? "PRAGMA_ENABLE_DEPRECATION_WARNINGS\n" : "";
 		}
 	}
 
@@ -107,9 +110,12 @@ namespace HeaderTool
 				"CPF_SaveGame", "CPF_Config", "CPF_InstancedReference", "CPF_ExportObject", "CPF_AdvancedDisplay",
 				"CPF_NativeAccessSpecifierPublic", "CPF_NativeAccessSpecifierProtected", "CPF_NativeAccessSpecifierPrivate"},
 				Flags, "CPF_None");
+			// Naming a deprecated member is the engine's own business here, not a use to warn about.
+			Out += Property.bDeprecated ? "PRAGMA_DISABLE_DEPRECATION_WARNINGS\n" : "";
 			Out += "\tBuilder.AddProperty<decltype(" + Owner + "::" + Property.Name + ")>(" + TextLiteral(Property.Name) + ", "
 				+ TextLiteral(Property.Type) + ", PLAIN_OFFSET_OF(" + Owner + ", " + Property.Name + "),\n"
 				"\t\t" + FlagText + ", " + MetaList(Property.Meta) + ");\n";
+			Out += Property.bDeprecated ? "PRAGMA_ENABLE_DEPRECATION_WARNINGS\n" : "";
 		}
 	}
 

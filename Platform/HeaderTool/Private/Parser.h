@@ -55,8 +55,9 @@ namespace HeaderTool
 		// Bodies and their members (ParserMembers.cpp).
 		void ParseBody(TypeBody& Body);
 		void ParseGeneratedBody(TypeBody& Body);
-		void ParseProperty(TypeBody& Body);
-		void ParseFunction(TypeBody& Body);
+		void ParseProperty(TypeBody& Body, bool bDeprecated);
+		void ParseFunction(TypeBody& Body, bool bDeprecated);
+		bool SkipDeprecationMacro();
 		void ParseParameters(FunctionDef& Function);
 		bool IsConstructorStart(const TypeBody& Body, bool& bTakesObjectInitializer) const;
 

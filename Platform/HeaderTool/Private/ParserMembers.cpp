@@ -29,8 +29,12 @@ namespace HeaderTool
 	void Parser::ParseBody(TypeBody& Body)
 	{
 		Cursor.Expect("{");
+		// Set by a UE_DEPRECATED(...) in front of the member declared next.
+		bool bDeprecatedNext = false;
 		while (!Cursor.Match("}"))
 		{
+			const bool bDeprecated = bDeprecatedNext;
+			bDeprecatedNext = false;
 			const Token& Current = Cursor.Peek();
 			AccessLevel Access = Body.Access;
 			bool bTakesObjectInitializer = false;
@@ -48,13 +52,17 @@ namespace HeaderTool
 				Cursor.Next();
 				Cursor.Next();
 			}
+			else if (SkipDeprecationMacro())
+			{
+				bDeprecatedNext = true;
+			}
 			else if (Current.Is("UPROPERTY"))
 			{
-				ParseProperty(Body);
+				ParseProperty(Body, bDeprecated);
 			}
 			else if (Current.Is("UFUNCTION"))
 			{
-				ParseFunction(Body);
+				ParseFunction(Body, bDeprecated);
 			}
 			else if (IsGeneratedBodyMacro(Current))
 			{
@@ -126,13 +134,26 @@ namespace HeaderTool
 		return true;
 	}
 
-	void Parser::ParseProperty(TypeBody& Body)
+	bool Parser::SkipDeprecationMacro()
+	{
+		if (!Cursor.Peek().Is("UE_DEPRECATED") || !Cursor.Peek(1).Is("("))
+		{
+			return false;
+		}
+		Cursor.Next();
+		Cursor.SkipBalanced();
+		return true;
+	}
+
+	void Parser::ParseProperty(TypeBody& Body, bool bDeprecated)
 	{
 		const std::size_t MacroIndex = Cursor.Position();
 		Cursor.Next();
 		PropertyDef Property;
 		Property.Access = Body.Access;
 		ApplyPropertyMacroArguments(ParseMacroArguments(Cursor), Property);
+		// The engine writes UE_DEPRECATED either in front of UPROPERTY or between it and the type.
+		Property.bDeprecated = SkipDeprecationMacro() || bDeprecated;
 		Cursor.Match("mutable");
 		std::vector<const Token*> Words;
 		for (int Angle = 0;;)
@@ -193,7 +214,7 @@ namespace HeaderTool
 		Body.Properties.push_back(std::move(Property));
 	}
 
-	void Parser::ParseFunction(TypeBody& Body)
+	void Parser::ParseFunction(TypeBody& Body, bool bDeprecated)
 	{
 		const std::size_t MacroIndex = Cursor.Position();
 		const Token& Macro = Cursor.Next();
@@ -204,6 +225,7 @@ namespace HeaderTool
 		FunctionDef Function;
 		Function.Access = Body.Access;
 		ApplyFunctionMacroArguments(ParseMacroArguments(Cursor), Function);
+		Function.bDeprecated = SkipDeprecationMacro() || bDeprecated;
 		for (;; Cursor.Next())
 		{
 			if (Cursor.Peek().Is("virtual"))

@@ -61,14 +61,12 @@ UMediaSource* UMediaPlaylist::GetPrevious(int32& InOutIndex)
 	return Items[InOutIndex];
 }
 
-bool UMediaPlaylist::Insert(UMediaSource* MediaSource, int32 Index)
+void UMediaPlaylist::Insert(UMediaSource* MediaSource, int32 Index)
 {
-	if (!MediaSource)
+	if (MediaSource)
 	{
-		return false;
+		Items.Insert(MediaSource, FMath::Clamp(Index, 0, Items.Num()));
 	}
-	Items.Insert(MediaSource, FMath::Clamp(Index, 0, Items.Num()));
-	return true;
 }
 
 bool UMediaPlaylist::Remove(UMediaSource* MediaSource)

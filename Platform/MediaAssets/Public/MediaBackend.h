@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "MediaBackend.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // IMediaBackend: what UMediaPlayer drives to play one media. Stand-in only: the engine picks an
 // IMediaPlayer plug-in per URL; here a backend is chosen by the URL's scheme through
 // FMediaBackendRegistry (FFmpeg by default, scripted ones in tests).

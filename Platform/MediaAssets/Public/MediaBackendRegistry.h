@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "MediaBackendRegistry.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FMediaBackendRegistry: which backend plays which URL. Stand-in only. Plain paths and the file,
 // http, https and ftp schemes go to the built-in FFmpeg backend; a test kit registers its own
 // scheme (such as "scripted") to drive the player by hand.

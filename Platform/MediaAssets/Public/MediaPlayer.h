@@ -5,16 +5,20 @@
 // core ticker) advances each live player by DeltaSeconds x rate and broadcasts its events.
 
 #include "CoreMinimal.h"
-#include "MediaTextureSample.h"
 #include "Misc/Timespan.h"
 #include "UObject/Object.h"
 #include "UObject/ObjectPtr.h"
 #include "UObject/ScriptDelegates.h"
+#if PLAIN_PLATFORM_INTERNALS
+// The stand-in's picture type, for its renderer and tests; the engine hands out IMediaTextureSample.
+#include "MediaTextureSample.h"
+#endif
 #include "MediaPlayer.generated.h"
 
 class IMediaBackend;
 class UMediaPlaylist;
 class UMediaSource;
+struct FMediaTextureSample;
 
 DECLARE_DYNAMIC_MULTICAST_DELEGATE(FOnMediaPlayerMediaEvent);
 DECLARE_DYNAMIC_MULTICAST_DELEGATE_OneParam(FOnMediaPlayerMediaOpened, FString, OpenedUrl);
@@ -127,7 +131,7 @@ public:
 	FTimespan GetDuration() const;
 	/** URL of the media now open or opening; empty when closed. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
-	FString GetUrl() const { return CurrentUrl; }
+	const FString& GetUrl() const { return CurrentUrl; }
 
 	/** The player's playlist, never null: a new, empty one if the player has none (after Close, say). */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlayer")
@@ -169,27 +173,22 @@ public:
 	FOnMediaPlayerMediaEvent OnSeekCompleted;
 
 	/** How much to read ahead of the play position. */
-	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Caching")
+	UPROPERTY(BlueprintReadWrite, Category = "Caching")
 	FTimespan CacheAhead = FTimespan::FromSeconds(0.1);
 	/** How much to keep behind the play position (when not running as a game). */
-	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Caching")
+	UPROPERTY(BlueprintReadWrite, Category = "Caching")
 	FTimespan CacheBehind = FTimespan::FromSeconds(3.0);
 	/** How much to keep behind the play position in a game. */
-	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Caching")
+	UPROPERTY(BlueprintReadWrite, Category = "Caching")
 	FTimespan CacheBehindGame = FTimespan::FromSeconds(0.1);
 	/** Start playing as soon as media has opened; otherwise it opens paused. */
 	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Playback")
 	bool PlayOnOpen = true;
-	/** Start over when the end is reached. */
-	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Playback")
-	bool Loop = false;
 	/** Next and Previous open a random entry of the playlist instead of the neighbouring one. */
 	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Playback")
 	bool Shuffle = false;
-	/** Index in the playlist of the media opened from it (INDEX_NONE if none); Next and Previous move it. */
-	UPROPERTY(BlueprintReadOnly, Category = "Playback")
-	int32 PlaylistIndex = INDEX_NONE;
 
+#if PLAIN_PLATFORM_INTERNALS
 	/** Stand-in: one media step (the core ticker calls it): poll, advance by DeltaSeconds x rate, broadcast. */
 	void TickPlayer(float DeltaSeconds);
 	/** Stand-in: the picture due now, or null when none was shown since opening. */
@@ -198,6 +197,7 @@ public:
 	uint64 GetVideoSampleSerial() const { return VideoSampleSerial; }
 	/** Stand-in: 48 kHz float stereo of the media up to the clock; silence when closed. Returns the media frames taken. */
 	int32 PullAudio(float* Interleaved, int32 Frames);
+#endif
 
 	/** Joins the media step's list of live players. */
 	void PostInitProperties() override;
@@ -205,6 +205,12 @@ public:
 	void BeginDestroy() override;
 
 protected:
+	/** Start over when the end is reached; SetLooping changes it at run time. */
+	UPROPERTY(EditAnywhere, BlueprintReadOnly, Category = "Playback")
+	bool Loop = false;
+	/** Index in the playlist of the media opened from it (INDEX_NONE if none); Next and Previous move it. */
+	UPROPERTY(BlueprintReadOnly, Category = "Playback")
+	int32 PlaylistIndex = INDEX_NONE;
 	/** The playlist of the media open, made by an open or by GetPlaylist; Close drops it. */
 	UPROPERTY(BlueprintReadOnly, Transient, Category = "Playback")
 	mutable TObjectPtr<UMediaPlaylist> Playlist;

@@ -40,9 +40,9 @@ public:
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlaylist")
 	UMediaSource* GetPrevious(int32& InOutIndex);
 
-	/** Inserts a source at Index (clamped to the list); false for null. */
+	/** Inserts a source at Index (clamped to the list); a null source is not inserted. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlaylist")
-	bool Insert(UMediaSource* MediaSource, int32 Index);
+	void Insert(UMediaSource* MediaSource, int32 Index);
 
 	/** Removes every entry of MediaSource; false when there was none. */
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaPlaylist")

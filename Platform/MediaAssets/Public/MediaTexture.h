@@ -4,10 +4,15 @@
 // keeps the player's latest RGBA8 picture (shared, not copied) for the renderer to read.
 
 #include "CoreMinimal.h"
-#include "MediaTextureSample.h"
 #include "UObject/Object.h"
 #include "UObject/ObjectPtr.h"
+#if PLAIN_PLATFORM_INTERNALS
+// The stand-in's picture type, for its renderer; the engine's texture has a render resource instead.
+#include "MediaTextureSample.h"
+#endif
 #include "MediaTexture.generated.h"
+
+struct FMediaTextureSample;
 
 class UMediaPlayer;
 
@@ -34,11 +39,13 @@ public:
 	UFUNCTION(BlueprintCallable, Category = "Media|MediaTexture")
 	int32 GetHeight() const;
 
+#if PLAIN_PLATFORM_INTERNALS
 	/** Stand-in: the current picture (RGBA8 rows), or null when there is none. */
 	TSharedPtr<const FMediaTextureSample> GetSample() const;
 
 	/** Stand-in: how many times the picture changed since the player was set (each new picture, and the clear at Close). */
 	uint64 GetFrameCount() const;
+#endif
 
 protected:
 	/** The player whose picture this texture shows. */

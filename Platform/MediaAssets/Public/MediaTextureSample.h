@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "MediaTextureSample.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FMediaTextureSample: one decoded picture as a media backend hands it to UMediaPlayer, and as
 // UMediaTexture gives it to the renderer. Stand-in only (the engine passes IMediaTextureSample).
 

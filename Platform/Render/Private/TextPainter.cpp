@@ -28,15 +28,15 @@ void RenderText::PaintTextBlock(const FFramePainter& Painter, const UTextBlock& 
 	if (Text.Justification != ETextJustify::Left)
 	{
 		// The slot may give more room than the text needs; justification places the text in it.
-		const FVector2D Measured = FSlateFontMeasure::Get().Measure(String, Text.Font);
+		const FVector2D Measured = FSlateFontMeasure::Get().Measure(String, Text.GetFont());
 		const double Spare = Geometry.GetLocalSize().X - Measured.X;
 		Position.X += Text.Justification == ETextJustify::Center ? Spare * 0.5 : Spare;
 	}
 	FSlateTextLook Look;
-	Look.Font = &Text.Font;
-	Look.Color = Text.ColorAndOpacity.GetSpecifiedColor();
-	Look.ShadowOffset = Text.ShadowOffset;
-	Look.ShadowColor = Text.ShadowColorAndOpacity;
+	Look.Font = &Text.GetFont();
+	Look.Color = Text.GetColorAndOpacity().GetSpecifiedColor();
+	Look.ShadowOffset = Text.GetShadowOffset();
+	Look.ShadowColor = Text.GetShadowColorAndOpacity();
 	Look.Opacity = Opacity;
 	FSlateTextPainter::Get().Draw(CanvasOf(Painter), Position, String, Look);
 }

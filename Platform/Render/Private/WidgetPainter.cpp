@@ -75,13 +75,13 @@ namespace
 		Painter.FillRect(Box, TrackColor, Opacity);
 		const float Percent = FMath::Clamp(Bar.GetPercent(), 0.0f, 1.0f);
 		const int32 FillRight = Box.Left + static_cast<int32>(static_cast<float>(Box.Right - Box.Left) * Percent + 0.5f);
-		const FColor Fill = Bar.FillColorAndOpacity.ToFColor(true);
+		const FColor Fill = Bar.GetFillColorAndOpacity().ToFColor(true);
 		Painter.FillRect({Box.Left, Box.Top, FillRight, Box.Bottom}, Fill, Opacity);
 	}
 
 	void PaintButton(const FFramePainter& Painter, const UButton& Button, const FPaintRect& Box, float Opacity)
 	{
-		const FColor Face = Tinted(ButtonFaceColor, Button.BackgroundColor);
+		const FColor Face = Tinted(ButtonFaceColor, Button.GetBackgroundColor());
 		Painter.FillRect(Box, Face, Opacity);
 		// A raised bevel: light from the top left; pressed, the light comes from below.
 		const FColor Light(200, 200, 200, 160);
@@ -114,11 +114,11 @@ void RenderWidgets::Paint(const FFramePainter& Painter, UWidget& Widget, const F
 	const FPaintRect Box = FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize());
 	if (const UBorder* Border = Cast<UBorder>(&Widget))
 	{
-		RenderBrush::Paint(Painter, Box, Border->Background, Border->BrushColor, Opacity);
+		RenderBrush::Paint(Painter, Box, Border->Background, Border->GetBrushColor(), Opacity);
 	}
 	else if (const UImage* Image = Cast<UImage>(&Widget))
 	{
-		RenderBrush::Paint(Painter, Box, Image->Brush, Image->ColorAndOpacity, Opacity);
+		RenderBrush::Paint(Painter, Box, Image->GetBrush(), Image->GetColorAndOpacity(), Opacity);
 	}
 	else if (const UTextBlock* Text = Cast<UTextBlock>(&Widget))
 	{

@@ -13,8 +13,10 @@ struct FSlateFontInfo;
 class SLATECORE_API FSlateFontMeasure
 {
 public:
-	/** The process-wide measuring service. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: the process-wide measuring service (the engine hands it out through its Slate renderer). */
 	static FSlateFontMeasure& Get();
+#endif
 
 	/**
 	 * Size of Text drawn in InFontInfo, in slate units: the widest line by all lines stacked, the

@@ -16,8 +16,10 @@ struct SLATECORE_API FSlateFontInfo
 
 	/** The engine's default: regular, 24 points. */
 	FSlateFontInfo() = default;
-	/** A font of the given typeface and size. */
-	FSlateFontInfo(FName InTypefaceFontName, int32 InSize) : TypefaceFontName(InTypefaceFontName), Size(InSize) {}
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: a font of the given typeface and size (the engine names a font object or composite font). */
+	FSlateFontInfo(FName InTypefaceFontName, float InSize) : TypefaceFontName(InTypefaceFontName), Size(InSize) {}
+#endif
 
 	/** The face within the font family: "Regular" or "Bold". */
 	UPROPERTY(EditAnywhere, Category = "SlateStyleRules")
@@ -25,7 +27,7 @@ struct SLATECORE_API FSlateFontInfo
 
 	/** Size in points; the engine draws fonts at 96 DPI, so 24 points are 32 pixels. */
 	UPROPERTY(EditAnywhere, Category = "SlateStyleRules")
-	int32 Size = 24;
+	float Size = 24.0f;
 
 	/** The outline drawn around the glyphs. */
 	UPROPERTY(EditAnywhere, Category = "SlateStyleRules")

@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Fonts/SlateTextPainter.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FSlateTextPainter: draws text the way FSlateFontMeasure measures it, into an RGBA8 image that
 // the caller owns. It is the one door from outside SlateCore to the FreeType drawing core, so the
 // renderer draws a text block with exactly the box its layout was given. Any thread may draw;

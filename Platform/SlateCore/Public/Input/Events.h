@@ -12,20 +12,23 @@ class FPointerEvent
 public:
 	FPointerEvent() = default;
 
-	/** An event at InScreenSpacePosition; the delta is measured from InLastScreenSpacePosition. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: an event at InScreenSpacePosition; the delta is measured from InLastScreenSpacePosition. */
 	FPointerEvent(const FVector2D& InScreenSpacePosition, const FVector2D& InLastScreenSpacePosition, bool bInLeftButtonDown = false)
 		: ScreenSpacePosition(InScreenSpacePosition), LastScreenSpacePosition(InLastScreenSpacePosition), bLeftButtonDown(bInLeftButtonDown)
 	{
 	}
 
+	/** Stand-in: true while the left button is held (the engine asks IsMouseButtonDown with a key). */
+	bool IsLeftButtonDown() const { return bLeftButtonDown; }
+#endif
+
 	/** Where the pointer is, in screen pixels. */
-	const FVector2D& GetScreenSpacePosition() const { return ScreenSpacePosition; }
+	FVector2D GetScreenSpacePosition() const { return ScreenSpacePosition; }
 	/** Where the pointer was at the previous event. */
-	const FVector2D& GetLastScreenSpacePosition() const { return LastScreenSpacePosition; }
+	FVector2D GetLastScreenSpacePosition() const { return LastScreenSpacePosition; }
 	/** How far the pointer moved since the previous event; zero for an event that did not move it. */
 	FVector2D GetCursorDelta() const { return ScreenSpacePosition - LastScreenSpacePosition; }
-	/** True while the left button is held. */
-	bool IsLeftButtonDown() const { return bLeftButtonDown; }
 
 private:
 	/** Current position in screen pixels. */

@@ -12,18 +12,26 @@ struct FGeometry
 	/** An empty geometry: zero size at the origin, what a widget has before its first layout. */
 	FGeometry() = default;
 
-	/** A box of InLocalSize whose top-left corner is at InAbsolutePosition on screen. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: a box of InLocalSize whose top-left corner is at InAbsolutePosition on screen. */
 	FGeometry(const FVector2D& InAbsolutePosition, const FVector2D& InLocalSize)
 		: AbsolutePosition(InAbsolutePosition), LocalSize(InLocalSize)
 	{
 	}
 
+	/** Stand-in: a child box at Offset (local) of the given size, as the panels arrange children. */
+	FGeometry MakeChild(const FVector2D& LocalOffset, const FVector2D& ChildSize) const
+	{
+		return FGeometry(LocalToAbsolute(LocalOffset), ChildSize);
+	}
+#endif
+
 	/** The size of the box in its own space. */
-	const FVector2D& GetLocalSize() const { return LocalSize; }
+	FVector2D GetLocalSize() const { return LocalSize; }
 	/** The size of the box on screen (the same, as the layout scale is 1). */
 	FVector2D GetAbsoluteSize() const { return LocalSize * Scale; }
 	/** The top-left corner on screen. */
-	const FVector2D& GetAbsolutePosition() const { return AbsolutePosition; }
+	FVector2D GetAbsolutePosition() const { return AbsolutePosition; }
 	/** The layout scale from local to screen space; always 1 here. */
 	float GetAccumulatedLayoutTransformScale() const { return Scale; }
 
@@ -39,11 +47,6 @@ struct FGeometry
 		return Local.X >= 0.0 && Local.Y >= 0.0 && Local.X < LocalSize.X && Local.Y < LocalSize.Y;
 	}
 
-	/** A child box at Offset (local) of the given size. */
-	FGeometry MakeChild(const FVector2D& LocalOffset, const FVector2D& ChildSize) const
-	{
-		return FGeometry(LocalToAbsolute(LocalOffset), ChildSize);
-	}
 
 	bool operator==(const FGeometry& Other) const { return AbsolutePosition == Other.AbsolutePosition && LocalSize == Other.LocalSize; }
 

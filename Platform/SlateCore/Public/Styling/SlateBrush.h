@@ -25,16 +25,12 @@ struct SLATECORE_API FSlateBrush
 	UPROPERTY(EditAnywhere, Category = "Brush")
 	FSlateColor TintColor;
 
-	/** The texture or material drawn; none draws the tint alone. */
-	UPROPERTY(EditAnywhere, Category = "Brush")
-	TObjectPtr<UObject> ResourceObject;
-
 	/** The texture or material drawn. */
 	UObject* GetResourceObject() const { return ResourceObject.Get(); }
 	/** Sets the texture or material drawn. */
 	void SetResourceObject(UObject* InResourceObject) { ResourceObject = InResourceObject; }
 	/** The size the image asks for. */
-	const FVector2D& GetImageSize() const { return ImageSize; }
+	FVector2D GetImageSize() const { return ImageSize; }
 	/** Sets the size the image asks for. */
 	void SetImageSize(const FVector2D& InImageSize) { ImageSize = InImageSize; }
 
@@ -42,4 +38,9 @@ struct SLATECORE_API FSlateBrush
 	{
 		return ImageSize == Other.ImageSize && TintColor == Other.TintColor && ResourceObject.Get() == Other.ResourceObject.Get();
 	}
+
+private:
+	/** The texture or material drawn; none draws the tint alone. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Brush")
+	TObjectPtr<UObject> ResourceObject;
 };

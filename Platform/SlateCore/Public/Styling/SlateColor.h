@@ -23,6 +23,7 @@ struct SLATECORE_API FSlateColor
 
 	bool operator==(const FSlateColor& Other) const { return SpecifiedColor == Other.SpecifiedColor; }
 
+protected:
 	/** The colour, in linear space. */
 	UPROPERTY(EditAnywhere, Category = "Color")
 	FLinearColor SpecifiedColor = FLinearColor::White;

@@ -29,7 +29,7 @@ void UUMGSequencePlayer::Play(UWidgetAnimation* InAnimation, float StartAtTime, 
 		{
 			if (const UWidget* Target = Owner->WidgetTree->FindWidget(Track.WidgetName))
 			{
-				SavedStates.Add({ Track.WidgetName, Target->GetRenderOpacity(), Target->RenderTransform, Target->GetVisibility() });
+				SavedStates.Add({ Track.WidgetName, Target->GetRenderOpacity(), Target->GetRenderTransform(), Target->GetVisibility() });
 			}
 		}
 	}

@@ -6,8 +6,12 @@
 #include "Blueprint/WidgetBlueprintGeneratedClass.h"
 #include "Blueprint/WidgetTree.h"
 #include "Engine/World.h"
+#include "Slate/ArrangedChildWidget.h"
 #include "Slate/WidgetViewport.h"
 #include "UMGLog.h"
+
+// A user widget's default visibility is set on the member itself, as the engine's constructor does.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
 
 UUserWidget::UUserWidget()
 {
@@ -20,6 +24,8 @@ UUserWidget::UUserWidget(const FObjectInitializer& ObjectInitializer)
 	Visibility = ESlateVisibility::SelfHitTestInvisible;
 }
 
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
 void UUserWidget::AddToViewport(int32 ZOrder)
 {
 	if (IsInViewport())
@@ -30,11 +36,6 @@ void UUserWidget::AddToViewport(int32 ZOrder)
 	// Out of its panel first: a widget stands in one place.
 	UWidget::RemoveFromParent();
 	FWidgetViewport::Get().AddWidget(this, ZOrder);
-}
-
-bool UUserWidget::IsInViewport() const
-{
-	return FWidgetViewport::Get().ContainsWidget(this);
 }
 
 void UUserWidget::RemoveFromParent()
@@ -250,4 +251,9 @@ UUserWidget* UUserWidget::CreateInstanceInternal(UObject* Outer, TSubclassOf<UUs
 		return nullptr;
 	}
 	return Widget;
+}
+
+UWidget* UUserWidget::GetWidgetFromName(const FName& Name) const
+{
+	return WidgetTree ? WidgetTree->FindWidget(Name) : nullptr;
 }

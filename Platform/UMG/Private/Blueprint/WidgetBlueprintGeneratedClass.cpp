@@ -26,7 +26,7 @@ namespace
 	/** Makes the widget of Node and, below it, its children; null when any widget cannot be made. */
 	UWidget* BuildWidget(const UClass* Blueprint, UWidgetTree* Tree, const FWidgetTemplateNode& Node)
 	{
-		UWidget* Widget = Tree->ConstructWidgetOfClass(Node.WidgetClass, Node.Name);
+		UWidget* Widget = Tree->ConstructWidget<UWidget>(Node.WidgetClass, Node.Name);
 		if (!Widget)
 		{
 			UE_LOG(LogUMG, Error, TEXT("%s: could not make the widget '%s' (%s)"), *Blueprint->GetPathName(), *Node.Name.ToString(), *CppClassName(Node.WidgetClass));

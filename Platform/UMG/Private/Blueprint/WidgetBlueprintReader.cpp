@@ -286,7 +286,7 @@ namespace
 		for (FAnimationRecord& Record : Animations)
 		{
 			UWidgetAnimation* Animation = NewObject<UWidgetAnimation>(Class, UWidgetAnimation::StaticClass(), FName(*(Record.Name + TEXT("_INST"))));
-			Animation->Length = Record.Length;
+			Animation->SetLength(Record.Length);
 			Animation->SetTracks(MoveTemp(Record.Tracks));
 			Class->Animations.Add(Animation);
 		}

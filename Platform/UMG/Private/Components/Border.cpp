@@ -3,6 +3,36 @@
 #include "Components/BorderSlot.h"
 #include "Components/SingleChildLayout.h"
 
+// The border's own accessors are where its deprecated member may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UBorder::UBorder() = default;
+
+UBorder::~UBorder() = default;
+
+FLinearColor UBorder::GetBrushColor() const
+{
+	return BrushColor;
+}
+
+void UBorder::SetBrushColor(FLinearColor InBrushColor)
+{
+	BrushColor = InBrushColor;
+}
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
+void UBorder::SetBrush(const FSlateBrush& InBrush)
+{
+	Background = InBrush;
+}
+
+FMargin UBorder::GetPadding() const
+{
+	const UBorderSlot* ContentSlot = Cast<UBorderSlot>(GetContentSlot());
+	return ContentSlot ? ContentSlot->Padding : FMargin();
+}
+
 void UBorder::SetPadding(FMargin InPadding)
 {
 	if (UBorderSlot* ContentSlot = Cast<UBorderSlot>(GetContentSlot()))

@@ -7,6 +7,7 @@
 #include "Components/PanelSlot.h"
 #include "Components/SlateWrapperTypes.h"
 #include "Components/SlotArrangement.h"
+#include "Slate/ArrangedChildWidget.h"
 
 namespace UE::UMG
 {

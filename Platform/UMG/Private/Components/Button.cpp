@@ -3,6 +3,25 @@
 #include "Components/ButtonSlot.h"
 #include "Components/SingleChildLayout.h"
 
+// The button's own accessors are where its deprecated member may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UButton::UButton() = default;
+
+UButton::~UButton() = default;
+
+FLinearColor UButton::GetBackgroundColor() const
+{
+	return BackgroundColor;
+}
+
+void UButton::SetBackgroundColor(FLinearColor InBackgroundColor)
+{
+	BackgroundColor = InBackgroundColor;
+}
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
 UClass* UButton::GetSlotClass() const
 {
 	return UButtonSlot::StaticClass();

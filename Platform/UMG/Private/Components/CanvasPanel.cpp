@@ -2,6 +2,7 @@
 
 #include "Components/CanvasPanelSlot.h"
 #include "Components/SlotArrangement.h"
+#include "Slate/ArrangedChildWidget.h"
 
 #include <algorithm>
 
@@ -35,7 +36,7 @@ namespace
 		{
 			Ordered.Add(static_cast<UCanvasPanelSlot*>(PanelSlot.Get()));
 		}
-		std::stable_sort(Ordered.begin(), Ordered.end(), [](const UCanvasPanelSlot* A, const UCanvasPanelSlot* B) { return A->ZOrder < B->ZOrder; });
+		std::stable_sort(Ordered.begin(), Ordered.end(), [](const UCanvasPanelSlot* A, const UCanvasPanelSlot* B) { return A->GetZOrder() < B->GetZOrder(); });
 		return Ordered;
 	}
 }
@@ -62,8 +63,8 @@ FVector2D UCanvasPanel::ComputeDesiredSize() const
 		{
 			continue;
 		}
-		const FAnchorData& Layout = CanvasSlot->LayoutData;
-		const FVector2D Size = CanvasSlot->bAutoSize ? Child->GetDesiredSize() : FVector2D(Layout.Offsets.Right, Layout.Offsets.Bottom);
+		const FAnchorData Layout = CanvasSlot->GetLayout();
+		const FVector2D Size = CanvasSlot->GetAutoSize() ? Child->GetDesiredSize() : FVector2D(Layout.Offsets.Right, Layout.Offsets.Bottom);
 		if (!Layout.Anchors.IsStretchedHorizontal())
 		{
 			Desired.X = FMath::Max(Desired.X, double(Layout.Offsets.Left) + Size.X);
@@ -86,13 +87,13 @@ void UCanvasPanel::ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FAr
 		{
 			continue;
 		}
-		const FAnchorData& Layout = CanvasSlot->LayoutData;
+		const FAnchorData Layout = CanvasSlot->GetLayout();
 		const FVector2D Desired = Child->GetDesiredSize();
 		double X = 0.0, Y = 0.0, Width = 0.0, Height = 0.0;
 		PlaceAxis(CanvasSize.X, Layout.Anchors.Minimum.X, Layout.Anchors.Maximum.X, Layout.Offsets.Left, Layout.Offsets.Right,
-			CanvasSlot->bAutoSize, Desired.X, Layout.Alignment.X, X, Width);
+			CanvasSlot->GetAutoSize(), Desired.X, Layout.Alignment.X, X, Width);
 		PlaceAxis(CanvasSize.Y, Layout.Anchors.Minimum.Y, Layout.Anchors.Maximum.Y, Layout.Offsets.Top, Layout.Offsets.Bottom,
-			CanvasSlot->bAutoSize, Desired.Y, Layout.Alignment.Y, Y, Height);
+			CanvasSlot->GetAutoSize(), Desired.Y, Layout.Alignment.Y, Y, Height);
 		OutChildren.Add({ Child, AllottedGeometry.MakeChild(FVector2D(X, Y), FVector2D(Width, Height)) });
 	}
 }

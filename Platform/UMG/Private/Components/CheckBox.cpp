@@ -2,12 +2,42 @@
 
 #include "Components/PanelSlot.h"
 #include "Components/SlotArrangement.h"
+#include "Slate/ArrangedChildWidget.h"
 
 namespace
 {
 	/** Side of the square box the check mark is drawn in, as the default style's image. */
 	constexpr double CheckBoxImageSize = 16.0;
 }
+
+// The check box's own accessors are where its deprecated member may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UCheckBox::UCheckBox() = default;
+
+UCheckBox::~UCheckBox() = default;
+
+bool UCheckBox::IsChecked() const
+{
+	return CheckedState == ECheckBoxState::Checked;
+}
+
+ECheckBoxState UCheckBox::GetCheckedState() const
+{
+	return CheckedState;
+}
+
+void UCheckBox::SetIsChecked(bool InIsChecked)
+{
+	CheckedState = InIsChecked ? ECheckBoxState::Checked : ECheckBoxState::Unchecked;
+}
+
+void UCheckBox::SetCheckedState(ECheckBoxState InCheckedState)
+{
+	CheckedState = InCheckedState;
+}
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
 
 FVector2D UCheckBox::ComputeDesiredSize() const
 {
@@ -44,6 +74,6 @@ void UCheckBox::HandlePointerReleased(const FGeometry& MyGeometry, const FPointe
 		return;
 	}
 	// A click toggles; an undetermined box becomes checked.
-	CheckedState = CheckedState == ECheckBoxState::Checked ? ECheckBoxState::Unchecked : ECheckBoxState::Checked;
-	OnCheckStateChanged.Broadcast(CheckedState == ECheckBoxState::Checked);
+	SetIsChecked(!IsChecked());
+	OnCheckStateChanged.Broadcast(IsChecked());
 }

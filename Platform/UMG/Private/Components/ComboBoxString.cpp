@@ -10,6 +10,50 @@ namespace
 	constexpr double ComboArrowWidth = 16.0;
 }
 
+// The combo box's own accessors are where its deprecated member may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UComboBoxString::UComboBoxString()
+{
+	// The engine's default combo box font is the regular face at 10 points.
+	Font.TypefaceFontName = FName(TEXT("Regular"));
+	Font.Size = 10.0f;
+}
+
+UComboBoxString::~UComboBoxString() = default;
+
+const FSlateFontInfo& UComboBoxString::GetFont() const
+{
+	return Font;
+}
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
+void UComboBoxString::AddOption(const FString& Option)
+{
+	DefaultOptions.Add(Option);
+}
+
+void UComboBoxString::ClearSelection()
+{
+	SelectedOption.Empty();
+}
+
+FString UComboBoxString::GetSelectedOption() const
+{
+	return SelectedOption;
+}
+
+int32 UComboBoxString::GetSelectedIndex() const
+{
+	return FindOptionIndex(SelectedOption);
+}
+
+int32 UComboBoxString::GetOptionCount() const
+{
+	return DefaultOptions.Num();
+}
+
 bool UComboBoxString::RemoveOption(const FString& Option)
 {
 	const int32 Index = FindOptionIndex(Option);
@@ -84,8 +128,8 @@ FVector2D UComboBoxString::ComputeDesiredSize() const
 	double Width = 0.0;
 	for (const FString& Option : DefaultOptions)
 	{
-		Width = FMath::Max(Width, Measure.Measure(Option, Font).X);
+		Width = FMath::Max(Width, Measure.Measure(Option, GetFont()).X);
 	}
-	const double Height = Measure.GetMaxCharacterHeight(Font);
+	const double Height = Measure.GetMaxCharacterHeight(GetFont());
 	return FVector2D(Width + 2.0 * ComboPaddingX + ComboArrowWidth, Height + 2.0 * ComboPaddingY);
 }

@@ -1,5 +1,10 @@
 #include "Components/ContentWidget.h"
 
+UContentWidget::UContentWidget()
+{
+	bCanHaveMultipleChildren = false;
+}
+
 UPanelSlot* UContentWidget::SetContent(UWidget* Content)
 {
 	ClearChildren();

@@ -2,7 +2,51 @@
 
 #include "Materials/MaterialInterface.h"
 
+// The image's own accessors are where its deprecated members may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UImage::UImage() = default;
+
+UImage::~UImage() = default;
+
+void UImage::SetColorAndOpacity(FLinearColor InColorAndOpacity)
+{
+	ColorAndOpacity = InColorAndOpacity;
+}
+
+const FLinearColor& UImage::GetColorAndOpacity() const
+{
+	return ColorAndOpacity;
+}
+
+void UImage::SetOpacity(float InOpacity)
+{
+	ColorAndOpacity.A = InOpacity;
+}
+
+void UImage::SetBrushTintColor(FSlateColor TintColor)
+{
+	Brush.TintColor = TintColor;
+}
+
+void UImage::SetBrushResourceObject(UObject* ResourceObject)
+{
+	Brush.SetResourceObject(ResourceObject);
+}
+
+void UImage::SetBrush(const FSlateBrush& InBrush)
+{
+	Brush = InBrush;
+}
+
+const FSlateBrush& UImage::GetBrush() const
+{
+	return Brush;
+}
+
 void UImage::SetBrushFromMaterial(UMaterialInterface* Material)
 {
 	Brush.SetResourceObject(Material);
 }
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS

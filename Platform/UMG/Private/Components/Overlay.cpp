@@ -2,6 +2,7 @@
 
 #include "Components/OverlaySlot.h"
 #include "Components/SlotArrangement.h"
+#include "Slate/ArrangedChildWidget.h"
 
 UOverlaySlot* UOverlay::AddChildToOverlay(UWidget* Content)
 {

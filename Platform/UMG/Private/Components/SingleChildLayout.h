@@ -5,6 +5,7 @@
 #include "CoreMinimal.h"
 #include "Components/PanelSlot.h"
 #include "Components/SlotArrangement.h"
+#include "Slate/ArrangedChildWidget.h"
 
 namespace UE::UMG
 {

@@ -6,13 +6,74 @@ namespace
 	const FVector2D SliderDesiredSize(16.0, 16.0);
 }
 
+// The slider's own accessors are where its deprecated members may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+USlider::USlider() = default;
+
+USlider::~USlider() = default;
+
+float USlider::GetValue() const
+{
+	return Value;
+}
+
+void USlider::SetValue(float InValue)
+{
+	Value = InValue;
+}
+
+float USlider::GetMinValue() const
+{
+	return MinValue;
+}
+
+void USlider::SetMinValue(float InValue)
+{
+	MinValue = InValue;
+}
+
+float USlider::GetMaxValue() const
+{
+	return MaxValue;
+}
+
+void USlider::SetMaxValue(float InValue)
+{
+	MaxValue = InValue;
+}
+
+bool USlider::IsLocked() const
+{
+	return Locked;
+}
+
+void USlider::SetLocked(bool InValue)
+{
+	Locked = InValue;
+}
+
+float USlider::GetStepSize() const
+{
+	return StepSize;
+}
+
+void USlider::SetStepSize(float InValue)
+{
+	StepSize = InValue;
+}
+
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
 float USlider::GetNormalizedValue() const
 {
-	if (MaxValue == MinValue)
+	const float Min = GetMinValue();
+	const float Max = GetMaxValue();
+	if (Max == Min)
 	{
 		return 1.0f;
 	}
-	return FMath::Clamp((Value - MinValue) / (MaxValue - MinValue), 0.0f, 1.0f);
+	return FMath::Clamp((GetValue() - Min) / (Max - Min), 0.0f, 1.0f);
 }
 
 FVector2D USlider::ComputeDesiredSize() const
@@ -22,7 +83,7 @@ FVector2D USlider::ComputeDesiredSize() const
 
 bool USlider::HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event)
 {
-	if (bLocked)
+	if (IsLocked())
 	{
 		return false;
 	}
@@ -46,14 +107,16 @@ void USlider::CommitPointerValue(const FGeometry& MyGeometry, const FPointerEven
 	const double Width = MyGeometry.GetLocalSize().X;
 	const double Local = MyGeometry.AbsoluteToLocal(Event.GetScreenSpacePosition()).X;
 	const float Fraction = Width > 0.0 ? static_cast<float>(FMath::Clamp(Local / Width, 0.0, 1.0)) : 0.0f;
-	float NewValue = MinValue + Fraction * (MaxValue - MinValue);
-	if (bMouseUsesStep && StepSize > 0.0f)
+	const float Min = GetMinValue();
+	const float Step = GetStepSize();
+	float NewValue = Min + Fraction * (GetMaxValue() - Min);
+	if (MouseUsesStep && Step > 0.0f)
 	{
-		NewValue = MinValue + FMath::RoundToFloat((NewValue - MinValue) / StepSize) * StepSize;
+		NewValue = Min + FMath::RoundToFloat((NewValue - Min) / Step) * Step;
 	}
-	if (NewValue != Value)
+	if (NewValue != GetValue())
 	{
-		Value = NewValue;
-		OnValueChanged.Broadcast(Value);
+		SetValue(NewValue);
+		OnValueChanged.Broadcast(NewValue);
 	}
 }

@@ -2,10 +2,64 @@
 
 #include "Fonts/FontMeasure.h"
 
+// The text block's own accessors are where its deprecated members may still be named.
+PRAGMA_DISABLE_DEPRECATION_WARNINGS
+
+UTextBlock::UTextBlock() = default;
+
+UTextBlock::~UTextBlock() = default;
+
+FText UTextBlock::GetText() const
+{
+	return Text;
+}
+
 void UTextBlock::SetText(FText InText)
 {
 	Text = InText;
 	bMeasureValid = false;
+}
+
+FSlateColor UTextBlock::GetColorAndOpacity() const
+{
+	return ColorAndOpacity;
+}
+
+void UTextBlock::SetColorAndOpacity(FSlateColor InColorAndOpacity)
+{
+	ColorAndOpacity = InColorAndOpacity;
+}
+
+void UTextBlock::SetOpacity(float InOpacity)
+{
+	FLinearColor Color = ColorAndOpacity.GetSpecifiedColor();
+	Color.A = InOpacity;
+	ColorAndOpacity = FSlateColor(Color);
+}
+
+FLinearColor UTextBlock::GetShadowColorAndOpacity() const
+{
+	return ShadowColorAndOpacity;
+}
+
+void UTextBlock::SetShadowColorAndOpacity(FLinearColor InShadowColorAndOpacity)
+{
+	ShadowColorAndOpacity = InShadowColorAndOpacity;
+}
+
+FVector2D UTextBlock::GetShadowOffset() const
+{
+	return ShadowOffset;
+}
+
+void UTextBlock::SetShadowOffset(FVector2D InShadowOffset)
+{
+	ShadowOffset = InShadowOffset;
+}
+
+const FSlateFontInfo& UTextBlock::GetFont() const
+{
+	return Font;
 }
 
 void UTextBlock::SetFont(FSlateFontInfo InFontInfo)
@@ -14,15 +68,7 @@ void UTextBlock::SetFont(FSlateFontInfo InFontInfo)
 	bMeasureValid = false;
 }
 
-void UTextBlock::SetShadowOffset(FVector2D InShadowOffset)
-{
-	ShadowOffset = InShadowOffset;
-}
-
-void UTextBlock::SetShadowColorAndOpacity(FLinearColor InShadowColorAndOpacity)
-{
-	ShadowColorAndOpacity = InShadowColorAndOpacity;
-}
+PRAGMA_ENABLE_DEPRECATION_WARNINGS
 
 void UTextBlock::SynchronizeProperties()
 {
@@ -35,8 +81,9 @@ FVector2D UTextBlock::ComputeDesiredSize() const
 	// Measuring is the costly part of layout, so it runs only after the text or font changed.
 	if (!bMeasureValid)
 	{
-		MeasuredSize = FSlateFontMeasure::Get().Measure(Text.ToString(), Font);
+		MeasuredSize = FSlateFontMeasure::Get().Measure(GetText().ToString(), GetFont());
 		bMeasureValid = true;
 	}
-	return MeasuredSize + FVector2D(FMath::Abs(ShadowOffset.X), FMath::Abs(ShadowOffset.Y));
+	const FVector2D Shadow = GetShadowOffset();
+	return MeasuredSize + FVector2D(FMath::Abs(Shadow.X), FMath::Abs(Shadow.Y));
 }

@@ -68,7 +68,7 @@ FGeometry FWidgetHierarchy::GetPaintGeometry(const UWidget* Widget)
 	FVector2D Translation = FVector2D::ZeroVector;
 	for (const UWidget* Current = Widget; Current; Current = GetParent(Current))
 	{
-		Translation += Current->RenderTransform.Translation;
+		Translation += Current->GetRenderTransform().Translation;
 	}
 	const FGeometry& Cached = Widget->GetCachedGeometry();
 	return FGeometry(Cached.GetAbsolutePosition() + Translation, Cached.GetLocalSize());

@@ -5,6 +5,7 @@
 #include "Slate/WidgetViewport.h"
 
 #include "Blueprint/UserWidget.h"
+#include "Slate/ArrangedChildWidget.h"
 #include "Slate/WidgetHierarchy.h"
 
 /** Runs the two layout passes; a friend of UWidget so it can store sizes and geometry. */
@@ -43,7 +44,7 @@ public:
 		{
 			return;
 		}
-		const FVector2D Translation = ParentTranslation + Widget->RenderTransform.Translation;
+		const FVector2D Translation = ParentTranslation + Widget->GetRenderTransform().Translation;
 		const float Opacity = ParentOpacity * Widget->GetRenderOpacity();
 		const FGeometry& Cached = Widget->CachedGeometry;
 		Visitor(*Widget, FGeometry(Cached.GetAbsolutePosition() + Translation, Cached.GetLocalSize()), Opacity);

@@ -6,7 +6,7 @@
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
 #include "UObject/ObjectPtr.h"
-#include "Animation/UMGSequencePlayMode.h"
+#include "Blueprint/UserWidget.h"
 #include "Components/SlateWrapperTypes.h"
 #include "Slate/WidgetTransform.h"
 #include "UMGSequencePlayer.generated.h"
@@ -21,19 +21,21 @@ class UMG_API UUMGSequencePlayer : public UObject
 	GENERATED_BODY()
 
 public:
-	/** Starts (or restarts) the animation; see UUserWidget::PlayAnimation for the arguments. */
-	void Play(UWidgetAnimation* InAnimation, float StartAtTime, int32 InNumLoopsToPlay, EUMGSequencePlayMode::Type InPlayMode, float InPlaybackSpeed, bool bInRestoreState);
 	/** Stops where it is; restores the widgets first when asked to at Play. */
 	void Stop();
-	/** Advances by DeltaSeconds and applies the animation to the widgets. */
-	void Tick(float DeltaSeconds);
-
-	/** True until the animation ends or is stopped. */
-	bool IsPlaying() const { return bPlaying; }
 	/** The animation played. */
-	UWidgetAnimation* GetAnimation() const { return Animation.Get(); }
-	/** Seconds into the animation. */
+	const UWidgetAnimation* GetAnimation() const { return Animation.Get(); }
+
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: starts (or restarts) the animation; see UUserWidget::PlayAnimation for the arguments. */
+	void Play(UWidgetAnimation* InAnimation, float StartAtTime, int32 InNumLoopsToPlay, EUMGSequencePlayMode::Type InPlayMode, float InPlaybackSpeed, bool bInRestoreState);
+	/** Stand-in: advances by DeltaSeconds and applies the animation to the widgets. */
+	void Tick(float DeltaSeconds);
+	/** Stand-in: true until the animation ends or is stopped. */
+	bool IsPlaying() const { return bPlaying; }
+	/** Stand-in: seconds into the animation (the engine answers in frames). */
 	float GetCurrentTime() const { return static_cast<float>(Position); }
+#endif
 
 private:
 	/** A value saved before the animation first touched a widget, for bRestoreState. */

@@ -22,19 +22,24 @@ public:
 	/** Where the animation ends, in seconds. */
 	UFUNCTION(BlueprintPure, Category = "Animation")
 	float GetEndTime() const { return Length; }
-	/** The designer's name, without the "_INST" suffix of the object name. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: the designer's name, without the "_INST" suffix of the object name. */
 	FString GetDisplayName() const;
-
-	/** The animation's tracks. */
+	/** Stand-in: the animation's tracks. */
 	const TArray<FWidgetAnimationTrack>& GetTracks() const { return Tracks; }
-	/** Replaces the tracks (used when a widget blueprint is read). */
+	/** Stand-in: replaces the tracks (used when a widget blueprint is read). */
 	void SetTracks(TArray<FWidgetAnimationTrack> InTracks) { Tracks = MoveTemp(InTracks); }
+	/** Stand-in: sets the length in seconds (the engine's comes from its movie scene). */
+	void SetLength(float InLength) { Length = InLength; }
+#endif
+
+private:
+	// The stand-in's keyframes stand where the engine keeps a movie scene.
 
 	/** Length in seconds. */
 	UPROPERTY(EditAnywhere, Category = "Animation")
 	float Length = 0.0f;
 
-private:
 	// Keyframes per animated widget property.
 	TArray<FWidgetAnimationTrack> Tracks;
 };

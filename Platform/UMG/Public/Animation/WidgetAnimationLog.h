@@ -1,11 +1,15 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Animation/WidgetAnimationLog.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FWidgetAnimationLog (stand-in only): every PlayAnimation call of the process, in order, so tests
 // can ask which animations played, with which arguments and how often.
 
 #include "CoreMinimal.h"
 #include "UObject/WeakObjectPtrTemplates.h"
-#include "Animation/UMGSequencePlayMode.h"
+#include "Blueprint/UserWidget.h"
 
 class UUserWidget;
 class UWidgetAnimation;

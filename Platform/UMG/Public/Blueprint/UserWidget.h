@@ -9,7 +9,6 @@
 
 #include "CoreMinimal.h"
 #include "Components/Widget.h"
-#include "Animation/UMGSequencePlayMode.h"
 #include "Input/Reply.h"
 #include "Templates/Casts.h"
 #include "Templates/SubclassOf.h"
@@ -19,6 +18,21 @@ class UWidgetTree;
 class UWidgetAnimation;
 class UUMGSequencePlayer;
 class UWorld;
+
+/** Which way a widget animation runs. */
+UENUM(BlueprintType)
+namespace EUMGSequencePlayMode
+{
+	enum Type : int
+	{
+		/** From the start to the end, each loop. */
+		Forward,
+		/** From the end to the start, each loop. */
+		Reverse,
+		/** Forward, then back, each pass counting as a loop. */
+		PingPong
+	};
+}
 
 /** A widget built from a tree of widgets, with its own lifecycle, tick and animations. */
 UCLASS(Abstract, Blueprintable, BlueprintType)
@@ -35,9 +49,6 @@ public:
 	/** Puts the widget on screen, filling the viewport; a higher ZOrder is drawn on top. */
 	UFUNCTION(BlueprintCallable, Category = "User Interface|Viewport")
 	void AddToViewport(int32 ZOrder = 0);
-	/** True while the widget stands directly in the viewport. */
-	UFUNCTION(BlueprintCallable, Category = "User Interface|Viewport")
-	bool IsInViewport() const;
 	/** Takes the widget out of the viewport or out of its panel. */
 	void RemoveFromParent() override;
 
@@ -70,8 +81,17 @@ public:
 	static UUserWidget* CreateWidgetInstance(UWidgetTree& OwningWidgetTree, TSubclassOf<UUserWidget> UserWidgetClass, FName WidgetName);
 	/** Makes a user widget of UserWidgetClass in a world. */
 	static UUserWidget* CreateWidgetInstance(UWorld& World, TSubclassOf<UUserWidget> UserWidgetClass, FName WidgetName);
-	/** Makes a user widget of UserWidgetClass owned by any object. */
+#if PLAIN_PLATFORM_INTERNALS
+	/** Stand-in: makes a user widget of UserWidgetClass owned by any object (tests and tools own widgets so). */
 	static UUserWidget* CreateWidgetInstance(UObject& OwningObject, TSubclassOf<UUserWidget> UserWidgetClass, FName WidgetName);
+#endif
+
+	/** The widget of this widget's tree named Name, or null. */
+	UWidget* GetWidgetFromName(const FName& Name) const;
+
+	/** The running animation players, in the order they started. */
+	UPROPERTY(Transient)
+	TArray<TObjectPtr<UUMGSequencePlayer>> ActiveSequencePlayers;
 
 	/** The widgets this user widget is made of. */
 	UPROPERTY(Transient)
@@ -93,11 +113,11 @@ protected:
 	/** The pointer left the widget and its children. */
 	virtual void NativeOnMouseLeave(const FPointerEvent& InMouseEvent) {}
 
+private:
 	FVector2D ComputeDesiredSize() const override;
 	void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const override;
 	void GetLayoutChildren(TArray<UWidget*>& OutChildren) const override;
 
-private:
 	friend class FWidgetViewport;
 	friend class UWidgetBlueprintGeneratedClass;
 
@@ -106,17 +126,14 @@ private:
 	/** Advances the running animations and drops the finished ones. */
 	void TickAnimations(float DeltaSeconds);
 
-	// Running animation players, in the order they started.
-	UPROPERTY(Transient)
-	TArray<TObjectPtr<UUMGSequencePlayer>> ActiveSequencePlayers;
 	// Set by Initialize, so it runs once.
 	bool bInitialized = false;
 	// Between NativeConstruct and NativeDestruct.
 	bool bConstructed = false;
 };
 
-/** Makes a user widget of UserWidgetClass; OwningObject is a widget, widget tree, world or any object. */
-template<typename WidgetT = UUserWidget, typename OwnerType = UObject*>
+/** Makes a user widget of UserWidgetClass; OwningObject is a widget, a widget tree or a world. */
+template<typename WidgetT = UUserWidget, typename OwnerType = UObject>
 WidgetT* CreateWidget(OwnerType OwningObject, TSubclassOf<UUserWidget> UserWidgetClass = WidgetT::StaticClass(), FName WidgetName = NAME_None)
 {
 	static_assert(std::is_base_of_v<UUserWidget, WidgetT>, "CreateWidget can only be used to create UserWidget instances.");

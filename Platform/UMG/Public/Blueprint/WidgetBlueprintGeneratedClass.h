@@ -9,10 +9,14 @@
 #include "UObject/Class.h"
 #include "UObject/UObjectGlobals.h"
 #include "UObject/ObjectPtr.h"
+#if PLAIN_PLATFORM_INTERNALS
+// The stand-in's record of a designed tree, as its asset reader builds it.
 #include "Blueprint/WidgetTemplateNode.h"
+#endif
 #include "WidgetBlueprintGeneratedClass.generated.h"
 
 class FJsonObject;
+struct FWidgetTemplateNode;
 class UUserWidget;
 class UWidgetAnimation;
 
@@ -23,6 +27,9 @@ class UMG_API UWidgetBlueprintGeneratedClass : public UClass
 	GENERATED_BODY()
 
 public:
+#if PLAIN_PLATFORM_INTERNALS
+	// Stand-in: how the asset reader fills the class and how CreateWidget builds an instance from it.
+
 	/** The designed tree; null for a blueprint without one. */
 	const FWidgetTemplateNode* GetWidgetTreeTemplate() const { return TreeTemplate.Get(); }
 	/** Sets the designed tree (when the asset is read). */
@@ -40,6 +47,7 @@ public:
 	 * and the type it expects) when a required widget is missing or of the wrong class.
 	 */
 	bool InitializeWidget(UUserWidget* Widget) const;
+#endif
 
 	void AddReferencedObjects(FReferenceCollector& Collector) override;
 

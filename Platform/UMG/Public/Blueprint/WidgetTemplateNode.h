@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Blueprint/WidgetTemplateNode.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FWidgetTemplateNode (stand-in): one widget of a widget blueprint's tree as read from the asset,
 // from which every instance's tree is built.
 

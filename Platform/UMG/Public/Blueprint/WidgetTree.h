@@ -31,8 +31,6 @@ public:
 	/** Every widget of the tree, parents before children. */
 	void GetAllWidgets(TArray<UWidget*>& Widgets) const;
 
-	/** Makes a widget inside this tree; a user widget class is created (and initialized) as CreateWidget does. */
-	UWidget* ConstructWidgetOfClass(UClass* WidgetClass, FName WidgetName = NAME_None);
 	/** Makes a WidgetT (or a class derived from it) inside this tree. */
 	template<class WidgetT>
 	WidgetT* ConstructWidget(TSubclassOf<UWidget> WidgetClass = WidgetT::StaticClass(), FName WidgetName = NAME_None)
@@ -43,4 +41,8 @@ public:
 	/** The top widget; a user widget lays it out over its whole box. */
 	UPROPERTY()
 	TObjectPtr<UWidget> RootWidget;
+
+private:
+	/** Makes a widget inside this tree; a user widget class is created (and initialized) as CreateWidget does. */
+	UWidget* ConstructWidgetOfClass(UClass* WidgetClass, FName WidgetName = NAME_None);
 };

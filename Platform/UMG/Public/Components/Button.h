@@ -3,6 +3,7 @@
 // UButton: a clickable box around one child. A press and a release over the button make a click.
 
 #include "CoreMinimal.h"
+#include "Misc/CoreMiscDefines.h"
 #include "Components/ContentWidget.h"
 #include "Math/Color.h"
 #include "Button.generated.h"
@@ -18,15 +19,23 @@ class UMG_API UButton : public UContentWidget
 	GENERATED_BODY()
 
 public:
+	/** A button with a white background tint. */
+	UButton();
+	/** Defined where the deprecated members may be named. */
+	~UButton() override;
+
 	/** True while the pointer holds the button down. */
 	UFUNCTION(BlueprintCallable, Category = "Button")
 	bool IsPressed() const { return bPressed; }
+	/** The tint of the button's background. */
+	FLinearColor GetBackgroundColor() const;
 	/** Sets the tint of the button's background. */
 	UFUNCTION(BlueprintCallable, Category = "Button|Appearance")
-	void SetBackgroundColor(FLinearColor InBackgroundColor) { BackgroundColor = InBackgroundColor; }
+	void SetBackgroundColor(FLinearColor InBackgroundColor);
 
+	UE_DEPRECATED(5.2, "Direct access to BackgroundColor is deprecated. Please use the getter and setter.")
 	/** Tint of the button's background. */
-	UPROPERTY(EditAnywhere, Category = "Appearance")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance")
 	FLinearColor BackgroundColor = FLinearColor::White;
 
 	/** Raised when the button is clicked: pressed and released over it. */
@@ -43,12 +52,13 @@ public:
 
 protected:
 	UClass* GetSlotClass() const override;
+
+private:
 	FVector2D ComputeDesiredSize() const override;
 	void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const override;
 	bool HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerReleased(const FGeometry& MyGeometry, const FPointerEvent& Event, bool bInside) override;
 
-private:
 	// True between a press on the button and its release.
 	bool bPressed = false;
 };

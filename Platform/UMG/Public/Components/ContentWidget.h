@@ -13,6 +13,9 @@ class UMG_API UContentWidget : public UPanelWidget
 	GENERATED_BODY()
 
 public:
+	/** A panel that takes one child. */
+	UContentWidget();
+
 	/** The child, or null. */
 	UFUNCTION(BlueprintCallable, Category = "Panel")
 	UWidget* GetContent() const { return GetChildAt(0); }
@@ -22,7 +25,4 @@ public:
 	/** The slot of the child, or null. */
 	UFUNCTION(BlueprintCallable, Category = "Panel")
 	UPanelSlot* GetContentSlot() const { return Slots.Num() > 0 ? Slots[0].Get() : nullptr; }
-
-protected:
-	bool CanHaveMultipleChildren() const override { return false; }
 };

@@ -46,7 +46,9 @@ public:
 	bool RemoveChildAt(int32 Index);
 	/** Takes every child out. */
 	UFUNCTION(BlueprintCallable, Category = "Widget|Panel")
-	void ClearChildren();
+	virtual void ClearChildren();
+	/** True when the panel takes more than one child. */
+	bool CanHaveMultipleChildren() const { return bCanHaveMultipleChildren; }
 
 	/** The slots, in child order. */
 	const TArray<TObjectPtr<UPanelSlot>>& GetSlots() const { return Slots; }
@@ -54,12 +56,14 @@ public:
 protected:
 	/** The slot class this panel makes for each child. */
 	virtual UClass* GetSlotClass() const;
-	/** False for panels that hold one child only. */
-	virtual bool CanHaveMultipleChildren() const { return true; }
-
-	void GetLayoutChildren(TArray<UWidget*>& OutChildren) const override;
 
 	/** The panel's slots, one per child, in order. */
 	UPROPERTY()
 	TArray<TObjectPtr<UPanelSlot>> Slots;
+
+	/** False for panels that hold one child only; set by their constructors. */
+	bool bCanHaveMultipleChildren = true;
+
+private:
+	void GetLayoutChildren(TArray<UWidget*>& OutChildren) const override;
 };

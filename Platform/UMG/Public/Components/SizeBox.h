@@ -47,6 +47,8 @@ public:
 
 protected:
 	UClass* GetSlotClass() const override;
+
+private:
 	FVector2D ComputeDesiredSize() const override;
 	void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const override;
 };

@@ -5,6 +5,7 @@
 // value from code (SetValue) raises no event.
 
 #include "CoreMinimal.h"
+#include "Misc/CoreMiscDefines.h"
 #include "Components/Widget.h"
 #include "Slider.generated.h"
 
@@ -19,51 +20,69 @@ class UMG_API USlider : public UWidget
 	GENERATED_BODY()
 
 public:
+	/** A slider at 0 in the range 0 to 1. */
+	USlider();
+	/** Defined where the deprecated members may be named. */
+	~USlider() override;
+
 	/** The value. */
 	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	float GetValue() const { return Value; }
-	/** Sets the value; raises no event. */
-	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	void SetValue(float InValue) { Value = InValue; }
+	float GetValue() const;
 	/** The value as a fraction of the range, 0 to 1. */
 	UFUNCTION(BlueprintCallable, Category = "Behavior")
 	float GetNormalizedValue() const;
+	/** Sets the value; raises no event. */
+	UFUNCTION(BlueprintCallable, Category = "Behavior")
+	void SetValue(float InValue);
+	/** The lowest value. */
+	float GetMinValue() const;
 	/** Sets the lowest value. */
 	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	void SetMinValue(float InValue) { MinValue = InValue; }
+	void SetMinValue(float InValue);
+	/** The highest value. */
+	float GetMaxValue() const;
 	/** Sets the highest value. */
 	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	void SetMaxValue(float InValue) { MaxValue = InValue; }
-	/** Sets the step a drag snaps to when bMouseUsesStep is on. */
-	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	void SetStepSize(float InValue) { StepSize = InValue; }
+	void SetMaxValue(float InValue);
+	/** True while the slider refuses the pointer. */
+	bool IsLocked() const;
 	/** Locks the slider so the pointer cannot change it. */
 	UFUNCTION(BlueprintCallable, Category = "Behavior")
-	void SetLocked(bool InLocked) { bLocked = InLocked; }
+	void SetLocked(bool InValue);
+	/** The step a drag snaps to when MouseUsesStep is on. */
+	float GetStepSize() const;
+	/** Sets the step a drag snaps to when MouseUsesStep is on. */
+	UFUNCTION(BlueprintCallable, Category = "Behavior")
+	void SetStepSize(float InValue);
 
+	UE_DEPRECATED(5.1, "Direct access to Value is deprecated. Please use the getter or setter.")
 	/** The value. */
-	UPROPERTY(EditAnywhere, Category = "Appearance")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance")
 	float Value = 0.0f;
 
+	UE_DEPRECATED(5.1, "Direct access to MinValue is deprecated. Please use the getter or setter.")
 	/** The lowest value. */
-	UPROPERTY(EditAnywhere, Category = "Appearance")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance")
 	float MinValue = 0.0f;
 
+	UE_DEPRECATED(5.1, "Direct access to MaxValue is deprecated. Please use the getter or setter.")
 	/** The highest value. */
-	UPROPERTY(EditAnywhere, Category = "Appearance")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance")
 	float MaxValue = 1.0f;
 
-	/** The step a drag snaps to when bMouseUsesStep is on. */
-	UPROPERTY(EditAnywhere, Category = "Appearance")
-	float StepSize = 0.01f;
+	UE_DEPRECATED(5.1, "Direct access to Locked is deprecated. Please use the getter or setter.")
+	/** Whether the pointer is refused. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance", AdvancedDisplay)
+	bool Locked = false;
 
 	/** Whether drags snap to StepSize. */
-	UPROPERTY(EditAnywhere, Category = "Behavior")
-	bool bMouseUsesStep = false;
+	UPROPERTY(EditAnywhere, BlueprintReadOnly, Category = "Appearance", AdvancedDisplay)
+	bool MouseUsesStep = false;
 
-	/** Whether the pointer is refused. */
-	UPROPERTY(EditAnywhere, Category = "Behavior")
-	bool bLocked = false;
+	UE_DEPRECATED(5.1, "Direct access to StepSize is deprecated. Please use the getter or setter.")
+	/** The step a drag snaps to when MouseUsesStep is on. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Appearance")
+	float StepSize = 0.01f;
 
 	/** Raised when the pointer presses the slider and captures it. */
 	UPROPERTY(BlueprintAssignable, Category = "Widget Event")
@@ -77,13 +96,12 @@ public:
 	UPROPERTY(BlueprintAssignable, Category = "Widget Event")
 	FOnFloatValueChangedEvent OnValueChanged;
 
-protected:
+private:
 	FVector2D ComputeDesiredSize() const override;
 	bool HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerDragged(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerReleased(const FGeometry& MyGeometry, const FPointerEvent& Event, bool bInside) override;
 
-private:
 	/** Sets the value under the pointer, raising OnValueChanged when it changes. */
 	void CommitPointerValue(const FGeometry& MyGeometry, const FPointerEvent& Event);
 };

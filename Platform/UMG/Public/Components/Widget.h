@@ -6,6 +6,7 @@
 // until the next pass (the engine's one-frame delay).
 
 #include "CoreMinimal.h"
+#include "Misc/CoreMiscDefines.h"
 #include "UObject/Object.h"
 #include "UObject/UObjectGlobals.h"
 #include "UObject/ObjectPtr.h"
@@ -13,56 +14,66 @@
 #include "Components/SlateWrapperTypes.h"
 #include "Input/Events.h"
 #include "Layout/Geometry.h"
-#include "Slate/ArrangedChildWidget.h"
 #include "Slate/WidgetTransform.h"
 #include "Widget.generated.h"
 
 class UPanelSlot;
 class UPanelWidget;
+struct FArrangedChildWidget;
 
 /** The base of all widgets: visibility, enabled state, render opacity and transform, its slot. */
-UCLASS(Abstract, BlueprintType)
+UCLASS(Abstract, BlueprintType, Blueprintable)
 class UMG_API UWidget : public UObject
 {
 	GENERATED_BODY()
 
 public:
-	UWidget() = default;
-	/** For classes that pass their initializer on. */
-	explicit UWidget(const FObjectInitializer& ObjectInitializer) : Super(ObjectInitializer) {}
+	/** A visible, enabled, opaque widget with no slot yet. */
+	UWidget();
+	/** The same, for classes that pass their initializer on. */
+	explicit UWidget(const FObjectInitializer& ObjectInitializer);
+	/** Defined where the deprecated members may be named, so no class's destructor names them elsewhere. */
+	~UWidget() override;
 
 	/** Sets whether the widget is drawn, takes room and can be hit. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
 	virtual void SetVisibility(ESlateVisibility InVisibility);
 	/** Whether the widget is drawn, takes room and can be hit. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
-	ESlateVisibility GetVisibility() const { return Visibility; }
-	/** True unless the widget is Collapsed or Hidden. */
+	ESlateVisibility GetVisibility() const;
+	/** True for Visible, HitTestInvisible and SelfHitTestInvisible. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
 	bool IsVisible() const;
+	/** True while the widget stands directly in the viewport (added with AddToViewport). */
+	UFUNCTION(BlueprintPure, Category = "Appearance")
+	bool IsInViewport() const;
 
+	/** The tool tip shown when the pointer rests on the widget. */
+	FText GetToolTipText() const;
 	/** Sets the tool tip shown when the pointer rests on the widget. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
-	void SetToolTipText(const FText& InToolTipText) { ToolTipText = InToolTipText; }
-	/** Enables or disables the widget; a disabled widget ignores the pointer. */
-	UFUNCTION(BlueprintCallable, Category = "Widget")
-	virtual void SetIsEnabled(bool bInIsEnabled) { bIsEnabled = bInIsEnabled; }
+	void SetToolTipText(const FText& InToolTipText);
 	/** Whether the widget takes input. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
-	bool GetIsEnabled() const { return bIsEnabled; }
-
-	/** Sets how opaque the widget and its children are drawn, 0 to 1. */
+	bool GetIsEnabled() const;
+	/** Enables or disables the widget; a disabled widget ignores the pointer. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
-	void SetRenderOpacity(float InOpacity) { RenderOpacity = InOpacity; }
+	virtual void SetIsEnabled(bool bInIsEnabled);
+
 	/** How opaque the widget is drawn. */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
-	float GetRenderOpacity() const { return RenderOpacity; }
+	float GetRenderOpacity() const;
+	/** Sets how opaque the widget and its children are drawn, 0 to 1. */
+	UFUNCTION(BlueprintCallable, Category = "Widget")
+	void SetRenderOpacity(float InOpacity);
+	/** The whole render transform. */
+	const FWidgetTransform& GetRenderTransform() const;
 	/** Sets the whole render transform. */
-	UFUNCTION(BlueprintCallable, Category = "Widget")
-	void SetRenderTransform(FWidgetTransform InTransform) { RenderTransform = InTransform; }
+	UFUNCTION(BlueprintCallable, Category = "Widget|Transform")
+	void SetRenderTransform(FWidgetTransform InTransform);
 	/** Moves the drawn widget without changing layout. */
-	UFUNCTION(BlueprintCallable, Category = "Widget")
-	void SetRenderTranslation(FVector2D Translation) { RenderTransform.Translation = Translation; }
+	UFUNCTION(BlueprintCallable, Category = "Widget|Transform")
+	void SetRenderTranslation(FVector2D Translation);
 
 	/** The panel that holds this widget, or null (also for a user widget's root). */
 	UFUNCTION(BlueprintCallable, Category = "Widget")
@@ -79,6 +90,7 @@ public:
 	UFUNCTION(BlueprintCallable, Category = "Widget")
 	FVector2D GetDesiredSize() const { return DesiredSize; }
 	/** Asks for a new layout; layout runs every frame here, so this only records the wish. */
+	UFUNCTION(BlueprintCallable, Category = "Widget")
 	void InvalidateLayoutAndVolatility() { bLayoutInvalidated = true; }
 	/** Brings derived state in line after properties were set directly (by an asset or reflection). */
 	virtual void SynchronizeProperties() {}
@@ -87,27 +99,35 @@ public:
 	UPROPERTY(Instanced, BlueprintReadOnly, Category = "Layout")
 	TObjectPtr<UPanelSlot> Slot;
 
+	UE_DEPRECATED(5.1, "Direct access to ToolTipText is deprecated. Please use the getter or setter.")
 	/** Shown when the pointer rests on the widget. */
-	UPROPERTY(EditAnywhere, Category = "Behavior")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Behavior")
 	FText ToolTipText;
 
-	/** Whether the widget takes input. */
-	UPROPERTY(EditAnywhere, Category = "Behavior")
-	bool bIsEnabled = true;
-
-	/** Drawn, room taken, hit-testable. */
-	UPROPERTY(EditAnywhere, Category = "Behavior")
-	ESlateVisibility Visibility = ESlateVisibility::Visible;
-
-	/** Opacity of the widget and its children. */
-	UPROPERTY(EditAnywhere, Category = "Rendering")
-	float RenderOpacity = 1.0f;
-
+	UE_DEPRECATED(5.1, "Direct access to RenderTransform is deprecated. Please use the getter or setter.")
 	/** Transform applied when drawing. */
-	UPROPERTY(EditAnywhere, Category = "Rendering")
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Render Transform")
 	FWidgetTransform RenderTransform;
 
-protected:
+	UE_DEPRECATED(5.1, "Direct access to bIsEnabled is deprecated. Please use the getter or setter.")
+	/** Whether the widget takes input. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Behavior")
+	bool bIsEnabled = true;
+
+	UE_DEPRECATED(5.1, "Direct access to Visibility is deprecated. Please use the getter or setter.")
+	/** Drawn, room taken, hit-testable. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Behavior")
+	ESlateVisibility Visibility = ESlateVisibility::Visible;
+
+	UE_DEPRECATED(5.1, "Direct access to RenderOpacity is deprecated. Please use the getter or setter.")
+	/** Opacity of the widget and its children. */
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Rendering")
+	float RenderOpacity = 1.0f;
+
+private:
+	// The stand-in's layout and pointer routing: overridden by the widget classes, called by the
+	// viewport's layout pass and input routing (friends below). The engine does this in Slate.
+
 	/** The size this widget asks for; its children's desired sizes are already up to date. */
 	virtual FVector2D ComputeDesiredSize() const { return FVector2D::ZeroVector; }
 	/** The boxes of the children that take part in layout (not Collapsed), in paint order. */
@@ -122,7 +142,6 @@ protected:
 	/** The pointer this widget held came up, over the widget (bInside) or elsewhere. */
 	virtual void HandlePointerReleased(const FGeometry& MyGeometry, const FPointerEvent& Event, bool bInside) {}
 
-private:
 	friend class FWidgetLayout;
 	friend class FWidgetViewport;
 	friend class FWidgetHierarchy;

@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Slate/ArrangedChildWidget.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FArrangedChildWidget: one child and the box its panel gives it in a layout pass.
 
 #include "CoreMinimal.h"

@@ -1,5 +1,9 @@
 #pragma once
 
+#if !PLAIN_PLATFORM_INTERNALS
+#error "Slate/WidgetViewport.h belongs to the stand-in; the engine has no such header"
+#endif
+
 // FWidgetViewport (stand-in): the game viewport's widget layer. It holds the user widgets added
 // to the viewport by ZOrder and runs the widget parts of a frame, which the frame loop calls in
 // this order: ProcessInput (routed with the last frame's geometry), TickWidgets, Layout, then the

@@ -9,7 +9,7 @@
 
 /** The anchor box of a canvas slot, in fractions of the canvas size. */
 USTRUCT(BlueprintType)
-struct UMG_API FAnchors
+struct SLATECORE_API FAnchors
 {
 	GENERATED_BODY()
 
