@@ -1,7 +1,9 @@
 // The asset reader on any file: the bytes become a .uasset of a scratch project, loaded as an
 // object (the generic reader, or whichever reader its "Class" names) and as a blueprint's class.
-// A widget blueprint that loads is made into a widget, put on screen for a frame and taken off,
-// as the plug-in's blueprints are.
+// A widget blueprint that loads is made into a widget (its tree built, its BindWidget members
+// bound); one whose native class is UUserWidget itself is also put on screen for a frame. A
+// blueprint of one of the plug-in's classes is not: those go where their class expects (a comment
+// node only onto the overlay's canvas), which a made-up asset cannot arrange.
 
 #include "FuzzKit.h"
 
@@ -30,6 +32,15 @@ namespace
 		std::filesystem::remove(File);
 		return Loaded;
 	}
+
+	UClass* NativeClassOf(UClass* Class)
+	{
+		while (Class && !Class->HasAnyClassFlags(CLASS_Native))
+		{
+			Class = Class->GetSuperClass();
+		}
+		return Class;
+	}
 }
 
 extern "C" int LLVMFuzzerInitialize(int* Argc, char*** Argv)
@@ -45,7 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
 	UClass* Class = LoadAsNewAsset<UClass>(Data, Size, TEXT("_C"));
 	if (Class && Class->IsChildOf(UUserWidget::StaticClass()) && !Class->HasAnyClassFlags(CLASS_Abstract))
 	{
-		if (UUserWidget* Widget = CreateWidget<UUserWidget>(App->GetWorld(), Class))
+		UUserWidget* Widget = CreateWidget<UUserWidget>(App->GetWorld(), Class);
+		if (Widget && NativeClassOf(Class) == UUserWidget::StaticClass())
 		{
 			Widget->AddToViewport();
 			App->TickFrame();

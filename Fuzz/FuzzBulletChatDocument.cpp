@@ -36,8 +36,8 @@ extern "C" int LLVMFuzzerInitialize(int* Argc, char*** Argv)
 	Player = NewObject<UMediaPlayer>();
 	Player->AddToRoot();
 	Overlay->Init(Player);
-	// The first frame lays the canvas out and starts the overlay; a comment shows that it did.
-	App->TickFrame();
+	// The first frame lays the canvas out, the next starts the overlay; a comment shows that it did.
+	App->TickFrames(2);
 	Overlay->AddDataThenSpawn(TEXT("{ \"id\": 1, \"time\": \"00:00:01\", \"bullet_chat_content\": \"ready\" }"), Player->GetUrl());
 	PlainFuzz::Expect(Canvas && Canvas->GetChildrenCount() == 1, "the comment overlay did not start");
 	Overlay->Empty();
