@@ -12,25 +12,20 @@
 #include "UObject/GarbageCollection.h"
 #include "UObject/UObjectGlobals.h"
 
-#include <filesystem>
-#include <memory>
 
 namespace
 {
-	std::unique_ptr<FHeadlessApplication> App;
-	int32 Runs = 0;
+	// Never destroyed: at exit the object system's statics may be gone before it.
+	FHeadlessApplication* App = nullptr;
 
-	// Loads the bytes as the asset ObjectName of a new package: a path is loaded once and then
-	// found in memory, so every input gets its own.
+	// Loads the bytes as the asset /Game/Fuzz/<Name>.<Name><Suffix>. A path is loaded once and
+	// then found in memory, so every input ends with a collection that takes the package away.
 	template<class T>
-	T* LoadAsNewAsset(const uint8_t* Data, size_t Size, const TCHAR* ObjectNameSuffix)
+	T* LoadAsAsset(const uint8_t* Data, size_t Size, const TCHAR* Name, const TCHAR* ObjectNameSuffix)
 	{
-		const FString Name = FString::Printf(TEXT("A%d"), ++Runs);
-		const std::string File = PlainFuzz::ScratchDir() + "Content/Fuzz/" + TCHAR_TO_UTF8(*Name) + ".uasset";
+		const std::string File = PlainFuzz::ScratchDir() + "Content/Fuzz/" + TCHAR_TO_UTF8(Name) + ".uasset";
 		PlainFuzz::WriteFile(File, Data, Size);
-		T* Loaded = LoadObject<T>(nullptr, *FString::Printf(TEXT("/Game/Fuzz/%s.%s%s"), *Name, *Name, ObjectNameSuffix), nullptr, LOAD_NoWarn);
-		std::filesystem::remove(File);
-		return Loaded;
+		return LoadObject<T>(nullptr, *FString::Printf(TEXT("/Game/Fuzz/%s.%s%s"), Name, Name, ObjectNameSuffix), nullptr, LOAD_NoWarn);
 	}
 
 	UClass* NativeClassOf(UClass* Class)
@@ -46,14 +41,14 @@ namespace
 extern "C" int LLVMFuzzerInitialize(int* Argc, char*** Argv)
 {
 	PlainFuzz::Start(false);
-	App = std::make_unique<FHeadlessApplication>();
+	App = new FHeadlessApplication();
 	return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
 {
-	LoadAsNewAsset<UObject>(Data, Size, TEXT(""));
-	UClass* Class = LoadAsNewAsset<UClass>(Data, Size, TEXT("_C"));
+	UObject* Object = LoadAsAsset<UObject>(Data, Size, TEXT("FuzzObject"), TEXT(""));
+	UClass* Class = LoadAsAsset<UClass>(Data, Size, TEXT("FuzzClass"), TEXT("_C"));
 	if (Class && Class->IsChildOf(UUserWidget::StaticClass()) && !Class->HasAnyClassFlags(CLASS_Abstract))
 	{
 		UUserWidget* Widget = CreateWidget<UUserWidget>(App->GetWorld(), Class);
@@ -64,7 +59,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
 			Widget->RemoveFromParent();
 		}
 	}
-	// The frame collects what nothing holds any more, loaded assets included.
 	App->TickFrame();
+	// Loaded assets are standalone, kept until their owner lets go, as in the engine: let go.
+	for (UObject* Loaded : { Object, static_cast<UObject*>(Class) })
+	{
+		if (Loaded)
+		{
+			Loaded->ClearFlags(RF_Standalone);
+		}
+	}
+	CollectGarbage();
+	PlainFuzz::Expect(!FindPackage(nullptr, TEXT("/Game/Fuzz/FuzzObject")) && !FindPackage(nullptr, TEXT("/Game/Fuzz/FuzzClass")),
+		"a loaded asset outlived the collection that should take it");
+	PlainFuzz::ForgetLog();
 	return 0;
 }

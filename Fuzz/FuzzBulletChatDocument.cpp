@@ -13,11 +13,11 @@
 #include "MediaPlayer.h"
 #include "UObject/UObjectGlobals.h"
 
-#include <memory>
 
 namespace
 {
-	std::unique_ptr<FHeadlessApplication> App;
+	// Never destroyed: at exit the object system's statics may be gone before it.
+	FHeadlessApplication* App = nullptr;
 	UUI_BulletChat* Overlay = nullptr;
 	UCanvasPanel* Canvas = nullptr;
 	UMediaPlayer* Player = nullptr;
@@ -26,7 +26,7 @@ namespace
 extern "C" int LLVMFuzzerInitialize(int* Argc, char*** Argv)
 {
 	PlainFuzz::Start(true);
-	App = std::make_unique<FHeadlessApplication>();
+	App = new FHeadlessApplication();
 	UClass* OverlayClass = LoadObject<UClass>(nullptr, TEXT("/Game/UI/WBP_BulletChat.WBP_BulletChat_C"));
 	PlainFuzz::Expect(OverlayClass != nullptr, "the project's comment overlay blueprint does not load");
 	Overlay = CreateWidget<UUI_BulletChat>(App->GetWorld(), OverlayClass);
@@ -53,5 +53,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
 	App->TickFrames(2);
 	Overlay->Empty();
 	App->TickFrame();
+	PlainFuzz::ForgetLog();
 	return 0;
 }

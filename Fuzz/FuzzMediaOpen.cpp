@@ -60,5 +60,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
 	}
 	Player->Close();
 	TickMedia();
+	PlainFuzz::ForgetLog();
 	return 0;
 }

@@ -1,6 +1,7 @@
 #include "FuzzKit.h"
 
 #include "Containers/StringConv.h"
+#include "Logging/LogCapture.h"
 #include "Misc/Paths.h"
 
 #include <cstdio>
@@ -64,6 +65,11 @@ void PlainFuzz::WriteFile(const std::string& Path, const uint8_t* Data, size_t S
 {
 	std::filesystem::create_directories(std::filesystem::path(Path).parent_path());
 	std::ofstream(Path, std::ios::binary | std::ios::trunc).write(reinterpret_cast<const char*>(Data), static_cast<std::streamsize>(Size));
+}
+
+void PlainFuzz::ForgetLog()
+{
+	UE::Log::ClearCapturedLines();
 }
 
 void PlainFuzz::Expect(bool Condition, const char* Message)
