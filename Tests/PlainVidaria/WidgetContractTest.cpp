@@ -16,10 +16,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -169,6 +169,56 @@ namespace
 		return Contract;
 	}
 
+	/** The class of a member function defined on this line ("void UUI_X::F(", "UUI_X::UUI_X("), or "". A definition starts at column 0. */
+	std::string DefinedClass(const std::string& Line)
+	{
+		if (Line.empty() || std::isspace(static_cast<unsigned char>(Line[0])) || Line[0] == '#' || Line[0] == '/')
+		{
+			return {};
+		}
+		const size_t Paren = Line.find('(');
+		const size_t Scope = Line.find("::");
+		if (Paren == std::string::npos || Scope == std::string::npos || Scope > Paren || Line.find(';') < Paren)
+		{
+			return {};
+		}
+		size_t Start = Scope;
+		while (Start > 0 && (std::isalnum(static_cast<unsigned char>(Line[Start - 1])) || Line[Start - 1] == '_'))
+		{
+			--Start;
+		}
+		const std::string Name = Line.substr(Start, Scope - Start);
+		return Name.size() > 1 && Name[0] == 'U' ? Name : std::string();
+	}
+
+	/** Reads NAME from a line that starts `GetNameWidgetAnimation(TEXT("NAME"))`; false for any other argument. */
+	bool ReadLookupName(const std::string& FromCall, std::string& OutName)
+	{
+		size_t At = std::string("GetNameWidgetAnimation(").size();
+		const auto SkipSpaces = [&FromCall, &At]()
+		{
+			while (At < FromCall.size() && std::isspace(static_cast<unsigned char>(FromCall[At])))
+			{
+				++At;
+			}
+		};
+		SkipSpaces();
+		if (FromCall.compare(At, 6, "TEXT(\"") != 0)
+		{
+			return false;
+		}
+		At += 6;
+		const size_t End = FromCall.find('"', At);
+		if (End == std::string::npos || FromCall.compare(End, 2, "\")") != 0)
+		{
+			return false;
+		}
+		OutName = FromCall.substr(At, End - At);
+		At = End + 2;
+		SkipSpaces();
+		return At < FromCall.size() && FromCall[At] == ')';
+	}
+
 	/**
 	 * The animation names each class passes to GetNameWidgetAnimation in the modules' sources. A
 	 * call belongs to the class whose member function is being defined around it; a call whose
@@ -177,9 +227,6 @@ namespace
 	std::map<std::string, std::set<std::string>> ReadAnimationLookups(std::vector<std::string>& Errors)
 	{
 		std::map<std::string, std::set<std::string>> Names;
-		// "void UUI_X::F(", "UWidgetAnimation* UUI_X::F(", "UUI_X::UUI_X(": a definition starts at column 0.
-		const std::regex Definition(R"(^(?:[^\s;(][^;(]*\s+)?\**&?(U[A-Za-z0-9_]+)::~?[A-Za-z0-9_]+\s*\()");
-		const std::regex Lookup(R"re(GetNameWidgetAnimation\(\s*TEXT\("([^"]*)"\)\s*\))re");
 		for (const std::string& Module : PluginModules)
 		{
 			const fs::path Private = RepositoryRoot() / "Source" / Module / "Private";
@@ -194,10 +241,9 @@ namespace
 				std::string Line;
 				for (int LineNumber = 1; std::getline(File, Line); ++LineNumber)
 				{
-					std::smatch Match;
-					if (std::regex_search(Line, Match, Definition))
+					if (const std::string Defined = DefinedClass(Line); !Defined.empty())
 					{
-						ClassName = Match[1];
+						ClassName = Defined;
 					}
 					const size_t Call = Line.find("GetNameWidgetAnimation(");
 					// The definition of GetNameWidgetAnimation itself is no lookup.
@@ -207,12 +253,13 @@ namespace
 					}
 					const std::string Where = fs::relative(Entry.path(), RepositoryRoot()).string() + ":" + std::to_string(LineNumber) + ": ";
 					const std::string FromCall = Line.substr(Call);
-					if (!std::regex_search(FromCall, Match, Lookup) || Match.position(0) != 0 || ClassName.empty())
+					std::string AnimationName;
+					if (!ReadLookupName(FromCall, AnimationName) || ClassName.empty())
 					{
 						Errors.push_back(Where + "an animation lookup this test cannot read (a TEXT literal inside a member function)");
 						continue;
 					}
-					Names[ClassName].insert(Match[1]);
+					Names[ClassName].insert(AnimationName);
 				}
 			}
 		}
