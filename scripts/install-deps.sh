@@ -11,6 +11,7 @@ packages=(
   libpng-dev
   libavformat-dev libavcodec-dev libswscale-dev libswresample-dev libavutil-dev ffmpeg
   libsdl2-dev xvfb xdotool
+  clang-14 libclang-rt-14-dev
 )
 
 missing=()

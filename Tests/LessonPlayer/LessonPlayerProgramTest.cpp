@@ -134,6 +134,24 @@ TEST(LessonPlayerProgram, TellsBadInputInOneLineAndPlaysWhatItCan)
 	EXPECT_NE(Wrong.Errors.find("--seconds wants a positive number"), std::string::npos) << Wrong.Errors;
 }
 
+// Arguments the parser refuses are quoted on the message's one line whatever they hold, and a
+// frame step too short for the float frame loop is refused rather than run forever.
+TEST(LessonPlayerProgram, RefusedArgumentsStayOnOneLine)
+{
+	FScratch Scratch;
+	const FProgramRun Unknown = RunProgram(Scratch, Quote(std::string("--comme\xef\xbf\xbd\x06ts\nmore")));
+	EXPECT_EQ(Unknown.ExitCode, 2);
+	EXPECT_EQ(Unknown.Errors, "vidaria-player: unknown option --comme\xef\xbf\xbd\\x06ts\\x0amore (see --help)\n");
+
+	const FProgramRun Size = RunProgram(Scratch, "--size " + Quote("64x6\r4"));
+	EXPECT_EQ(Size.ExitCode, 2);
+	EXPECT_EQ(Size.Errors, "vidaria-player: --size wants WIDTHxHEIGHT such as 1280x720, not \"64x6\\x0d4\"\n");
+
+	const FProgramRun Step = RunProgram(Scratch, "--headless --step 1e-300");
+	EXPECT_EQ(Step.ExitCode, 2);
+	EXPECT_EQ(Step.Errors, "vidaria-player: --step wants a step of at least 1/1000 s, not \"1e-300\"\n");
+}
+
 // In a real window (a private X server): a click on the picture pauses, and a screenshot is taken.
 TEST(LessonPlayerProgram, WindowTakesAClickAndAScreenshot)
 {

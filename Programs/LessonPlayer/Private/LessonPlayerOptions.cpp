@@ -6,6 +6,31 @@
 
 namespace
 {
+	// The shortest frame step a headless run takes: the frame loop counts time in float seconds,
+	// where a step much shorter would round to nothing and the run would never end.
+	constexpr double ShortestStepSeconds = 1.0 / 1000.0;
+
+	/**
+	 * Text from the command line as a message may quote it: control characters (a newline in a
+	 * file name, bytes that are no text) are shown as \xNN, so every message stays one line.
+	 */
+	FString Printable(const FString& Text)
+	{
+		FString Out;
+		for (const TCHAR Character : Text)
+		{
+			if (Character < 0x20 || Character == 0x7f)
+			{
+				Out += FString::Printf(TEXT("\\x%02x"), static_cast<uint32>(Character));
+			}
+			else
+			{
+				Out.AppendChar(Character);
+			}
+		}
+		return Out;
+	}
+
 	/** Reads a positive number of seconds; "1/60" is accepted as a fraction. */
 	bool ParseSeconds(const FString& Text, double& Out)
 	{
@@ -61,7 +86,7 @@ bool FLessonPlayerOptions::Parse(const TArray<FString>& Arguments, FLessonPlayer
 		{
 			if (Index + 1 >= Arguments.Num())
 			{
-				OutError = FString::Printf(TEXT("%s needs a value (see --help)"), *Argument);
+				OutError = FString::Printf(TEXT("%s needs a value (see --help)"), *Printable(Argument));
 				return false;
 			}
 			Value = Arguments[++Index];
@@ -111,7 +136,12 @@ bool FLessonPlayerOptions::Parse(const TArray<FString>& Arguments, FLessonPlayer
 			}
 			if (!ParseSeconds(Value, *Target))
 			{
-				OutError = FString::Printf(TEXT("%s wants a positive number of seconds such as 2.5 or 1/60, not \"%s\""), *Argument, *Value);
+				OutError = FString::Printf(TEXT("%s wants a positive number of seconds such as 2.5 or 1/60, not \"%s\""), *Argument, *Printable(Value));
+				return false;
+			}
+			if (Target == &Out.StepSeconds && Out.StepSeconds < ShortestStepSeconds)
+			{
+				OutError = FString::Printf(TEXT("--step wants a step of at least 1/1000 s, not \"%s\""), *Printable(Value));
 				return false;
 			}
 		}
@@ -123,13 +153,13 @@ bool FLessonPlayerOptions::Parse(const TArray<FString>& Arguments, FLessonPlayer
 			}
 			if (!ParseSize(Value, Out.Width, Out.Height))
 			{
-				OutError = FString::Printf(TEXT("--size wants WIDTHxHEIGHT such as 1280x720, not \"%s\""), *Value);
+				OutError = FString::Printf(TEXT("--size wants WIDTHxHEIGHT such as 1280x720, not \"%s\""), *Printable(Value));
 				return false;
 			}
 		}
 		else if (Argument.StartsWith(TEXT("--")))
 		{
-			OutError = FString::Printf(TEXT("unknown option %s (see --help)"), *Argument);
+			OutError = FString::Printf(TEXT("unknown option %s (see --help)"), *Printable(Argument));
 			return false;
 		}
 		else

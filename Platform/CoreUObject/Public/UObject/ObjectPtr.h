@@ -30,8 +30,10 @@ public:
 
 	template<class U>
 	bool operator==(const TObjectPtr<U>& Other) const { return Object == Other.Get(); }
+	// U* rather than const U*: a raw pointer then matches exactly, and clang does not find the
+	// comparison through operator T*() just as good (ambiguous under C++20's rewritten operators).
 	template<class U>
-	bool operator==(const U* Other) const { return Object == Other; }
+	bool operator==(U* Other) const { return Object == Other; }
 	bool operator==(std::nullptr_t) const { return Object == nullptr; }
 
 	friend uint32 GetTypeHash(const TObjectPtr& Ptr) { return GetTypeHash(static_cast<const void*>(Ptr.Object)); }

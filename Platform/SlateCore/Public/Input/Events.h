@@ -36,5 +36,7 @@ private:
 	/** Position at the previous pointer event. */
 	FVector2D LastScreenSpacePosition = FVector2D::ZeroVector;
 	/** Whether the left button is held during this event. */
-	bool bLeftButtonDown = false;
+	// Read only through the stand-in's accessor, which code built without the stand-in's
+	// declarations does not see; clang would call the field unused there.
+	[[maybe_unused]] bool bLeftButtonDown = false;
 };
