@@ -10,7 +10,8 @@
 # corpus next time, next to the seeds the build makes in build/fuzz/FuzzCorpus/TARGET); an input
 # that crashes, leaks, trips a sanitizer or breaks a target's expectation is written to
 # build/fuzz/FuzzFindings/TARGET/ and the script fails. At the end it prints the inputs per second
-# and the total runs.
+# and the total runs. PLAIN_FUZZ_SEED fixes libFuzzer's random seed (0, the default, draws one), so
+# that a run, CI's for one, can be repeated input for input.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -55,7 +56,7 @@ run_target()
 	UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1} \
 	PLAIN_LOG_QUIET=1 \
 	"$build/bin/Fuzz$target" "$work" "$build/FuzzCorpus/$target" \
-		-max_total_time="$seconds" -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 \
+		-max_total_time="$seconds" -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 -seed="${PLAIN_FUZZ_SEED:-0}" \
 		-artifact_prefix="$findings/" >"$log" 2>&1 || status=$?
 	local runs
 	runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)
