@@ -51,6 +51,28 @@ TEST(BulletChatTrackManager, RefusesAnIdInFlightUntilItsNodeEnds)
 	EXPECT_EQ(NodesOn(Rig.Canvas).Num(), 1) << "Empty frees every ID at once";
 }
 
+TEST(BulletChatTrackManager, AnEmptiedNodeCannotFreeTheIdOfItsSuccessor)
+{
+	// A seek empties the overlay and the same second's comments spawn again within one frame. The
+	// old node, taken off near the end of its flight, must not announce an end later and strike
+	// the ID that its successor now flies under.
+	FManagerRig Rig(FVector2D(400.0, 600.0), TEXT("10x32"));
+	Rig.Spawn(7);
+	UUI_BulletChatNode* Old = NodesOn(Rig.Canvas)[0];
+	int32 OldEnds = 0;
+	Old->OnNodeEndDelegate.AddLambda([&OldEnds](UUI_BulletChatNode*) { ++OldEnds; });
+	ASSERT_TRUE(Rig.App.TickUntil([&] { return Old->GetPosition().X < 20.0; }, 400));
+
+	Rig.Manager->Empty();
+	Rig.Spawn(7, TEXT("again"));
+	ASSERT_EQ(NodesOn(Rig.Canvas).Num(), 1);
+	// Half a second in one frame: the old flight timer, were it still running, would catch up past its end.
+	Rig.App.GetLoop().Tick(0.5f);
+	EXPECT_EQ(OldEnds, 0);
+	Rig.Spawn(7, TEXT("a third time"));
+	EXPECT_EQ(NodesOn(Rig.Canvas).Num(), 1) << "the successor still holds ID 7";
+}
+
 TEST(BulletChatTrackManager, ForcesANodeWhenNoBlockAdmitsIt)
 {
 	// Three lanes; two-lane nodes: the second can only be forced, onto lanes 0-1 or 1-2.
