@@ -86,10 +86,10 @@ namespace
 #endif
 }
 
-// RapidJSON's SAX reader over the FString's own UTF-32 buffer: the baseline of our ratios.
+// RapidJSON's SAX reader over the FString's own UTF-16 buffer: the baseline of our ratios.
 static void BM_RapidJsonSaxWide(benchmark::State& State)
 {
-	using FEncoding = rapidjson::UTF32<TCHAR>;
+	using FEncoding = rapidjson::UTF16<TCHAR>;
 	const FString& Text = JsonBench::HundredThousandRecords();
 	for (auto _ : State)
 	{

@@ -110,7 +110,7 @@ static void BM_ResetDatasHundredThousandRecords(benchmark::State& State)
 {
 	FOverlayBench Bench;
 	const FString Text = MakeCommentDocument(100000);
-	using FEncoding = rapidjson::UTF32<TCHAR>;
+	using FEncoding = rapidjson::UTF16<TCHAR>;
 	double RawSeconds = 1e9;
 	for (int32 Run = 0; Run < 3; ++Run)
 	{

@@ -29,29 +29,29 @@ namespace
 	}
 
 	// The LogJson warnings logged since the capture was last cleared.
-	std::vector<std::wstring> JsonWarnings()
+	std::vector<std::string> JsonWarnings()
 	{
-		std::vector<std::wstring> Messages;
+		std::vector<std::string> Messages;
 		for (const UE::Log::FCapturedLine& Line : UE::Log::GetCapturedLines())
 		{
 			if (Line.Category.Equals(TEXT("LogJson")) && Line.Verbosity == ELogVerbosity::Warning)
 			{
-				Messages.emplace_back(*Line.Message);
+				Messages.emplace_back(TCHAR_TO_UTF8(*Line.Message));
 			}
 		}
 		return Messages;
 	}
 
 	// Every LogJson line logged since the capture was last cleared, as "Warning: ..." or "Error: ...".
-	std::vector<std::wstring> JsonLines()
+	std::vector<std::string> JsonLines()
 	{
-		std::vector<std::wstring> Lines;
+		std::vector<std::string> Lines;
 		for (const UE::Log::FCapturedLine& Line : UE::Log::GetCapturedLines())
 		{
 			if (Line.Category.Equals(TEXT("LogJson")))
 			{
-				const std::wstring Verbosity = Line.Verbosity == ELogVerbosity::Warning ? L"Warning: " : Line.Verbosity == ELogVerbosity::Error ? L"Error: " : L"Other: ";
-				Lines.push_back(Verbosity + std::wstring(*Line.Message));
+				const std::string Verbosity = Line.Verbosity == ELogVerbosity::Warning ? "Warning: " : Line.Verbosity == ELogVerbosity::Error ? "Error: " : "Other: ";
+				Lines.push_back(Verbosity + TCHAR_TO_UTF8(*Line.Message));
 			}
 		}
 		return Lines;
@@ -84,7 +84,7 @@ TEST(JsonDeserialize, AcceptsOnlyTheRootKindEachOverloadAsksFor)
 	EXPECT_TRUE(ReadsAsValue(TEXT("[]")));
 	for (const TCHAR* BareScalar : {TEXT("\"text\""), TEXT("12"), TEXT("true"), TEXT("false"), TEXT("null")})
 	{
-		EXPECT_FALSE(ReadsAsValue(BareScalar)) << BareScalar;
+		EXPECT_FALSE(ReadsAsValue(BareScalar)) << FString(BareScalar);
 	}
 
 	// A refused document leaves what the caller had.
@@ -105,16 +105,16 @@ TEST(JsonDeserialize, RefusesMalformedTextAndTextAfterTheRoot)
 		TEXT("[\"\\ud800\", NaN]"), TEXT("[1e400 2]")};
 	for (const TCHAR* Text : Malformed)
 	{
-		EXPECT_FALSE(ReadsAsValue(Text)) << Text;
+		EXPECT_FALSE(ReadsAsValue(Text)) << FString(Text);
 	}
 
 	UE::Log::ClearCapturedLines();
 	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<>::Create(TEXT("{\n  \"a\": 1,\n  \"b\": ]\n}"));
 	TSharedPtr<FJsonObject> Object;
 	EXPECT_FALSE(FJsonSerializer::Deserialize(Reader, Object));
-	EXPECT_TRUE(Reader->GetErrorMessage().Contains(TEXT("Line: 3 Ch: 8"))) << *Reader->GetErrorMessage();
+	EXPECT_TRUE(Reader->GetErrorMessage().Contains(TEXT("Line: 3 Ch: 8"))) << Reader->GetErrorMessage();
 	ASSERT_EQ(JsonWarnings().size(), 1u);
-	EXPECT_NE(JsonWarnings()[0].find(*Reader->GetErrorMessage()), std::wstring::npos);
+	EXPECT_NE(JsonWarnings()[0].find(TCHAR_TO_UTF8(*Reader->GetErrorMessage())), std::string::npos);
 }
 
 TEST(JsonDeserialize, RefusesNestingPastTheLimitWithoutExhaustingTheStack)
@@ -128,15 +128,15 @@ TEST(JsonDeserialize, RefusesNestingPastTheLimitWithoutExhaustingTheStack)
 	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<>::Create(Repeat(TEXT("["), Limit + 1) + Repeat(TEXT("]"), Limit + 1));
 	TSharedPtr<FJsonValue> Value;
 	EXPECT_FALSE(FJsonSerializer::Deserialize(Reader, Value));
-	EXPECT_TRUE(Reader->GetErrorMessage().StartsWith(TEXT("Nesting is deeper than 512 levels."))) << *Reader->GetErrorMessage();
+	EXPECT_TRUE(Reader->GetErrorMessage().StartsWith(TEXT("Nesting is deeper than 512 levels."))) << Reader->GetErrorMessage();
 }
 
 TEST(JsonObjectFields, MissingOrMistypedFieldsLogAWarningAndAnErrorAndGiveDefaults)
 {
 	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"s\": \"abc\", \"n\": 12, \"t\": \"12\", \"o\": {\"x\": 1}, \"z\": null}"));
 	ASSERT_TRUE(Object.IsValid());
-	const std::wstring NotFound = L"Warning: Field missing was not found.";
-	auto Expect = [](const std::vector<std::wstring>& Lines, const char* What) {
+	const std::string NotFound = "Warning: Field missing was not found.";
+	auto Expect = [](const std::vector<std::string>& Lines, const char* What) {
 		EXPECT_EQ(JsonLines(), Lines) << What;
 		UE::Log::ClearCapturedLines();
 	};
@@ -144,32 +144,32 @@ TEST(JsonObjectFields, MissingOrMistypedFieldsLogAWarningAndAnErrorAndGiveDefaul
 
 	// A missing field: the lookup's warning, then the Null stand-in's error when it is read.
 	EXPECT_EQ(Object->GetNumberField(TEXT("missing")), 0.0);
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Number'."}, "number");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'Number'."}, "number");
 	EXPECT_EQ(Object->GetIntegerField(TEXT("missing")), 0);
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Number'."}, "integer");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'Number'."}, "integer");
 	EXPECT_TRUE(Object->GetStringField(TEXT("missing")).IsEmpty());
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'String'."}, "string");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'String'."}, "string");
 	EXPECT_FALSE(Object->GetBoolField(TEXT("missing")));
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Boolean'."}, "bool");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'Boolean'."}, "bool");
 	EXPECT_EQ(Object->GetArrayField(TEXT("missing")).Num(), 0);
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Array'."}, "array");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'Array'."}, "array");
 	const TSharedPtr<FJsonObject>& MissingObject = Object->GetObjectField(TEXT("missing"));
 	ASSERT_TRUE(MissingObject.IsValid()) << "an empty object, not a null pointer";
 	EXPECT_EQ(MissingObject->Values.Num(), 0);
-	Expect({NotFound, L"Error: Json Value of type 'Null' used as a 'Object'."}, "object");
+	Expect({NotFound, "Error: Json Value of type 'Null' used as a 'Object'."}, "object");
 
 	// The number, string and bool getters take a field of any kind and convert it if they can;
 	// the array and object getters want their own kind and treat any other as missing.
 	EXPECT_EQ(Object->GetNumberField(TEXT("s")), 0.0);
-	Expect({L"Error: Json Value of type 'String' used as a 'Number'."}, "text as number");
+	Expect({"Error: Json Value of type 'String' used as a 'Number'."}, "text as number");
 	EXPECT_TRUE(Object->GetStringField(TEXT("o")).IsEmpty());
-	Expect({L"Error: Json Value of type 'Object' used as a 'String'."}, "object as text");
+	Expect({"Error: Json Value of type 'Object' used as a 'String'."}, "object as text");
 	EXPECT_FALSE(Object->GetBoolField(TEXT("z")));
-	Expect({L"Error: Json Value of type 'Null' used as a 'Boolean'."}, "null as bool");
+	Expect({"Error: Json Value of type 'Null' used as a 'Boolean'."}, "null as bool");
 	EXPECT_EQ(Object->GetArrayField(TEXT("s")).Num(), 0);
-	Expect({L"Warning: Field s is of the wrong type.", L"Error: Json Value of type 'Null' used as a 'Array'."}, "text as array");
+	Expect({"Warning: Field s is of the wrong type.", "Error: Json Value of type 'Null' used as a 'Array'."}, "text as array");
 	EXPECT_EQ(Object->GetObjectField(TEXT("n"))->Values.Num(), 0);
-	Expect({L"Warning: Field n is of the wrong type.", L"Error: Json Value of type 'Null' used as a 'Object'."}, "number as object");
+	Expect({"Warning: Field n is of the wrong type.", "Error: Json Value of type 'Null' used as a 'Object'."}, "number as object");
 
 	// Conversions the engine makes without a word, and TryGet* never logs.
 	EXPECT_TRUE(Object->GetStringField(TEXT("n")).Equals(TEXT("12")));
@@ -258,10 +258,11 @@ TEST(JsonReader, AViewIsReadInPlaceAndOnlyUpToItsEnd)
 	EXPECT_FALSE(FJsonSerializer::Deserialize(Reader, Cut));
 	EXPECT_FALSE(Reader->GetErrorMessage().IsEmpty());
 
-	// A code unit that is no character, met before and after an escape, reads as U+FFFD.
+	// Half a surrogate pair is no character, met before and after an escape: a high half followed
+	// by no low one, and a low half alone, each read as U+FFFD.
 	FString Bad = TEXT("[\"a?b\\tc?\"]");
 	Bad[3] = static_cast<TCHAR>(0xD800);
-	Bad[8] = static_cast<TCHAR>(0x110000);
+	Bad[8] = static_cast<TCHAR>(0xDC00);
 	TArray<TSharedPtr<FJsonValue>> Strings;
 	ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::CreateFromView(Bad), Strings));
 	const FString Replacement = FString::Chr(static_cast<TCHAR>(0xFFFD));
@@ -270,13 +271,13 @@ TEST(JsonReader, AViewIsReadInPlaceAndOnlyUpToItsEnd)
 
 TEST(JsonStrings, EscapesAndNonAsciiTextArriveAsCodePoints)
 {
-	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"plain\": \"Hello 你好\", \"escaped\": \"\\u4f60\\u597D\", ")
+	const TSharedPtr<FJsonObject> Object = ReadObject(TEXT("{\"plain\": \"Hello 你好 😂 𠀀\", \"escaped\": \"\\u4f60\\u597D\", ")
 		TEXT("\"pair\": \"\\ud83d\\ude00\", \"lone\": \"x\\ud800y\", \"low\": \"\\udc00\", \"kept\": \"\\\\ud800\", ")
 		TEXT("\"short\": \"\\\"\\\\\\/\\b\\f\\n\\r\\t\", \"键\": 1}"));
 	ASSERT_TRUE(Object.IsValid());
-	EXPECT_TRUE(Object->GetStringField(TEXT("plain")).Equals(TEXT("Hello 你好")));
+	EXPECT_TRUE(Object->GetStringField(TEXT("plain")).Equals(TEXT("Hello 你好 😂 𠀀")));
 	EXPECT_TRUE(Object->GetStringField(TEXT("escaped")).Equals(TEXT("你好")));
-	EXPECT_TRUE(Object->GetStringField(TEXT("pair")).Equals(FString::Chr(static_cast<TCHAR>(0x1F600))));
+	EXPECT_TRUE(Object->GetStringField(TEXT("pair")).Equals(TEXT("😀")));
 	EXPECT_TRUE(Object->GetStringField(TEXT("lone")).Equals(TEXT("x\xFFFDy")));
 	EXPECT_TRUE(Object->GetStringField(TEXT("low")).Equals(TEXT("\xFFFD")));
 	EXPECT_TRUE(Object->GetStringField(TEXT("kept")).Equals(TEXT("\\ud800"))) << "an escaped backslash is not an escape";
@@ -320,7 +321,7 @@ TEST(JsonSerializer, WritesTextThatReadsBackToTheSameTree)
 	FString Condensed;
 	ASSERT_TRUE(FJsonSerializer::Serialize(Object.ToSharedRef(), TJsonWriterFactory<TCHAR, TCondensedJsonPrintPolicy<TCHAR>>::Create(&Condensed)));
 	EXPECT_TRUE(Condensed.Equals(TEXT("{\"text\":\"say \\\"hi\\\"\\n\\u0001 你好\",\"n\":7.9,\"id\":42,\"ok\":true,\"list\":[-1,null],\"inner\":{}}")))
-		<< *Condensed;
+		<< Condensed;
 
 	FString Pretty;
 	ASSERT_TRUE(FJsonSerializer::Serialize(Object.ToSharedRef(), TJsonWriterFactory<>::Create(&Pretty)));

@@ -146,7 +146,7 @@ namespace
 		static void OpenWindow(FLessonWindow& Window, const TCHAR* Title, int32 Width, int32 Height)
 		{
 			FString Error;
-			ASSERT_TRUE(Window.Open(Title, Width, Height, Error)) << *Error;
+			ASSERT_TRUE(Window.Open(Title, Width, Height, Error)) << Error;
 			std::vector<std::string> Drivers;
 			dl_iterate_phdr([](dl_phdr_info* Info, size_t, void* Out) {
 				if (Info->dlpi_name && std::strstr(Info->dlpi_name, "_dri.so"))
@@ -299,7 +299,7 @@ TEST(LessonWindowSound, KeepsAtMostAFifthOfASecondQueued)
 	FLessonWindow Window;
 	FString Error;
 	TSharedPtr<UE::Audio::IAudioSink> Opened = Window.OpenAudioDevice(Error);
-	ASSERT_TRUE(Opened.IsValid()) << *Error;
+	ASSERT_TRUE(Opened.IsValid()) << Error;
 	FSdlAudioSink& Sink = static_cast<FSdlAudioSink&>(*Opened);
 
 	// The loop runs far ahead of the device here: one second of 1/60 s blocks at once.

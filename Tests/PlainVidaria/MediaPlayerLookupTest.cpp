@@ -28,7 +28,7 @@ TEST_F(FMediaPlayerLookupTest, HeldPathIsUsedAsIsAndAStaleOneIsRepairedInTheFile
 	FString Held;
 	UMediaPlayer* Player = Lookup(TEXT("mp_cache"), Held);
 	ASSERT_NE(Player, nullptr);
-	EXPECT_TRUE(Held.Equals(TEXT("/Game/Lessons/MP_Cache"), ESearchCase::CaseSensitive)) << *Held;
+	EXPECT_TRUE(Held.Equals(TEXT("/Game/Lessons/MP_Cache"), ESearchCase::CaseSensitive)) << Held;
 
 	// Copies that a scan would now find first (a folder's files before its subfolders): with the
 	// held path no scan runs. A path that loads nothing, or another class, is repaired at once.
@@ -39,14 +39,14 @@ TEST_F(FMediaPlayerLookupTest, HeldPathIsUsedAsIsAndAStaleOneIsRepairedInTheFile
 	for (const TCHAR* Stale : {TEXT("/Game/Moved/MP_Cache"), TEXT("/Game/M_NotAPlayer")})
 	{
 		Held = Stale;
-		EXPECT_NE(Lookup(TEXT("MP_Cache"), Held), nullptr) << Stale;
-		EXPECT_TRUE(Held.Equals(TEXT("/Game/MP_Cache"))) << *Held;
+		EXPECT_NE(Lookup(TEXT("MP_Cache"), Held), nullptr) << FString(Stale);
+		EXPECT_TRUE(Held.Equals(TEXT("/Game/MP_Cache"))) << Held;
 	}
 
 	// A file of that name that is no media player: null and no message, but the path is rewritten.
 	Held.Empty();
 	EXPECT_EQ(Lookup(TEXT("M_NotAPlayer"), Held), nullptr);
-	EXPECT_TRUE(Held.Equals(TEXT("/Game/M_NotAPlayer"))) << *Held;
+	EXPECT_TRUE(Held.Equals(TEXT("/Game/M_NotAPlayer"))) << Held;
 	EXPECT_EQ(Lines(), 0);
 }
 
@@ -59,13 +59,13 @@ TEST_F(FMediaPlayerLookupTest, NothingOfThatNameShowsOneRedLinePerCallAndTheCutF
 	FString Held = TEXT("/Game/Kept");
 	for (const TCHAR* Name : {TEXT("MP_Named.uasset"), TEXT("MP_Folder"), TEXT("MP_Plugin")})
 	{
-		EXPECT_EQ(Lookup(Name, Held), nullptr) << Name;
+		EXPECT_EQ(Lookup(Name, Held), nullptr) << FString(Name);
 	}
 	EXPECT_TRUE(Held.Equals(TEXT("/Game/Kept")));
 	ASSERT_EQ(Lines(), 3);
 	const FOnScreenMessage& Newest = GEngine->GetOnScreenMessages()[0];
 	EXPECT_TRUE(Newest.Text.Equals(TEXT("The instance named MP_Plugin can't be found. Please check whether the name of mediaplayer has been modified or deleted."),
-		ESearchCase::CaseSensitive)) << *Newest.Text;
+		ESearchCase::CaseSensitive)) << Newest.Text;
 	EXPECT_TRUE(Newest.IsKeyless() && Newest.Color == FColor::Red && Newest.TimeToDisplay == 10.0f);
 	UEngine* const Engine = GEngine;
 	GEngine = nullptr;
@@ -76,7 +76,7 @@ TEST_F(FMediaPlayerLookupTest, NothingOfThatNameShowsOneRedLinePerCallAndTheCutF
 	FPaths::SetProjectDir(FString(Path("content/Project").c_str()));
 	Write("content/Project/Content/Media/MP_Nested.uasset", PlayerAsset);
 	EXPECT_EQ(Lookup(TEXT("MP_Nested"), Held), nullptr);
-	EXPECT_TRUE(Held.Equals(TEXT("/Game/Project/Content/Media/MP_Nested"))) << *Held;
+	EXPECT_TRUE(Held.Equals(TEXT("/Game/Project/Content/Media/MP_Nested"))) << Held;
 	EXPECT_EQ(Lines(), 3);
 }
 

@@ -1,3 +1,5 @@
+#include "Containers/StringConv.h"
+#include "Containers/UnrealString.h"
 #include "Fonts/FontRasterizer.h"
 #include "Fonts/FontUnits.h"
 
@@ -76,8 +78,11 @@ TEST(FontMeasure, WidthGrowsWithTextAndScalesWithSize)
 	EXPECT_NEAR(Large.Width / Small.Width, 2.0f, 0.1f);
 	EXPECT_NEAR(Large.Height / Small.Height, 2.0f, 0.1f);
 
-	// wchar_t text (the engine's TCHAR) measures exactly like char32_t text.
-	EXPECT_EQ(Rasterizer.Measure(L"Bullet chat 123", 16), Small);
+	// An FString is UTF-16: a character beyond U+FFFF is two code units, which must reach the
+	// rasterizer as the one character they are.
+	const FString Mixed(TEXT("学习 😂 𠀀"));
+	EXPECT_EQ(Mixed.Len(), 8);
+	EXPECT_EQ(Rasterizer.Measure(UE::Core::Private::ToCodePoints(*Mixed, Mixed.Len()), 16), Rasterizer.Measure(U"学习 😂 𠀀", 16));
 	// A 24 pt engine font is 32 pixels.
 	EXPECT_EQ(Rasterizer.Measure(U"Bullet chat 123", FontPointsToPixels(24.0f)), Large);
 }

@@ -35,9 +35,9 @@ namespace
 	}
 
 	/** The next number to try per base name, so "Slider_0", "Slider_1"... come in order. */
-	std::unordered_map<std::wstring, int32>& UniqueCounters()
+	std::unordered_map<std::u16string, int32>& UniqueCounters()
 	{
-		static auto* Counters = new std::unordered_map<std::wstring, int32>;
+		static auto* Counters = new std::unordered_map<std::u16string, int32>;
 		return *Counters;
 	}
 
@@ -191,7 +191,7 @@ const FObjectInitializer& FObjectInitializer::Get()
 FName MakeUniqueObjectName(UObject* Outer, const UClass* Class, FName BaseName)
 {
 	const FString Base = BaseName.IsNone() ? (Class ? Class->GetName() : FString(TEXT("Object"))) : BaseName.ToString();
-	int32& Counter = UniqueCounters()[std::wstring(*Base.ToLower())];
+	int32& Counter = UniqueCounters()[std::u16string(*Base.ToLower())];
 	for (;;)
 	{
 		const FName Candidate(*FString::Printf(TEXT("%s_%d"), *Base, Counter++));

@@ -16,9 +16,9 @@ namespace
 	}
 
 	/** Native classes by short name ("MediaPlayer"), lower-cased, as names ignore case. */
-	std::unordered_map<std::wstring, UClass*>& ClassesByName()
+	std::unordered_map<std::u16string, UClass*>& ClassesByName()
 	{
-		static auto* Classes = new std::unordered_map<std::wstring, UClass*>;
+		static auto* Classes = new std::unordered_map<std::u16string, UClass*>;
 		return *Classes;
 	}
 
@@ -77,7 +77,7 @@ namespace UE::Reflection
 		{
 			Class->SetMetaData(Key, Value);
 		}
-		ClassesByName()[std::wstring(*FString(Params.Name).ToLower())] = Class;
+		ClassesByName()[std::u16string(*FString(Params.Name).ToLower())] = Class;
 		FClassBuilder Builder(Class);
 		Params.RegisterNatives(Builder);
 		return Class;
@@ -155,7 +155,7 @@ UClass* FindClassByName(const FString& Name)
 		return static_cast<UClass*>(StaticFindObject(UClass::StaticClass(), nullptr, *Name));
 	}
 	auto& Classes = ClassesByName();
-	auto Found = Classes.find(std::wstring(*Name.ToLower()));
+	auto Found = Classes.find(std::u16string(*Name.ToLower()));
 	if (Found != Classes.end())
 	{
 		return Found->second;

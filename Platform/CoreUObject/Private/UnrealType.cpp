@@ -1,5 +1,6 @@
 #include "UObject/UnrealType.h"
 
+#include "Containers/StringConv.h"
 #include "UObject/Class.h"
 #include "UObject/GarbageCollection.h"
 #include "UObject/PropertyTraits.h"
@@ -7,7 +8,6 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
-#include <cwchar>
 
 namespace
 {
@@ -208,10 +208,12 @@ namespace UE::Reflection
 
 	bool ImportNumber(const FString& Text, double& Out)
 	{
-		const TCHAR* Begin = *Text;
-		TCHAR* End = nullptr;
+		// A number is ASCII: any other character fails the whole-text test below anyway.
+		const FTCHARToUTF8 Narrow(*Text, Text.Len());
+		const char* Begin = Narrow.Get();
+		char* End = nullptr;
 		errno = 0;
-		const double Parsed = std::wcstod(Begin, &End);
+		const double Parsed = std::strtod(Begin, &End);
 		if (End == Begin || *End != 0 || errno == ERANGE)
 		{
 			return false;
@@ -228,10 +230,11 @@ namespace UE::Reflection
 
 	bool ImportInteger(const FString& Text, int64& Out)
 	{
-		const TCHAR* Begin = *Text;
-		TCHAR* End = nullptr;
+		const FTCHARToUTF8 Narrow(*Text, Text.Len());
+		const char* Begin = Narrow.Get();
+		char* End = nullptr;
 		errno = 0;
-		const long long Parsed = std::wcstoll(Begin, &End, 10);
+		const long long Parsed = std::strtoll(Begin, &End, 10);
 		if (End == Begin || *End != 0 || errno == ERANGE)
 		{
 			return false;

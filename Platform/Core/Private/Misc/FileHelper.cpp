@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <string>
 #include <system_error>
@@ -32,23 +33,25 @@ namespace
 		return !Stream.bad();
 	}
 
-	void AppendUtf16(std::wstring& Out, const uint8* Bytes, SIZE_T Size, bool bBigEndian)
+	void AppendUtf16(std::u16string& Out, const uint8* Bytes, SIZE_T Size, bool bBigEndian)
 	{
+		const auto UnitAt = [Bytes, bBigEndian](SIZE_T Index) -> char16_t
+		{
+			return static_cast<char16_t>(bBigEndian ? (Bytes[Index] << 8 | Bytes[Index + 1]) : (Bytes[Index + 1] << 8 | Bytes[Index]));
+		};
 		for (SIZE_T Index = 0; Index + 1 < Size; Index += 2)
 		{
-			const uint32 Unit = bBigEndian ? (Bytes[Index] << 8 | Bytes[Index + 1]) : (Bytes[Index + 1] << 8 | Bytes[Index]);
-			if (Unit >= 0xD800 && Unit <= 0xDBFF && Index + 3 < Size)
+			const char16_t Unit = UnitAt(Index);
+			if (Unit >= 0xD800 && Unit <= 0xDBFF && Index + 3 < Size && UnitAt(Index + 2) >= 0xDC00 && UnitAt(Index + 2) <= 0xDFFF)
 			{
-				const uint32 Low = bBigEndian ? (Bytes[Index + 2] << 8 | Bytes[Index + 3]) : (Bytes[Index + 3] << 8 | Bytes[Index + 2]);
-				if (Low >= 0xDC00 && Low <= 0xDFFF)
-				{
-					Out.push_back(static_cast<wchar_t>(0x10000 + ((Unit - 0xD800) << 10) + (Low - 0xDC00)));
-					Index += 2;
-					continue;
-				}
+				Out.push_back(Unit);
+				Out.push_back(UnitAt(Index + 2));
+				Index += 2;
+				continue;
 			}
+			// Half a pair is no character: it would turn into garbage at the next UTF-8 edge.
 			const bool bLoneSurrogate = Unit >= 0xD800 && Unit <= 0xDFFF;
-			Out.push_back(bLoneSurrogate ? UE::Core::Private::ReplacementChar : static_cast<wchar_t>(Unit));
+			Out.push_back(bLoneSurrogate ? UE::Core::Private::ReplacementChar : Unit);
 		}
 	}
 
@@ -65,31 +68,18 @@ namespace
 			break;
 		case FFileHelper::EEncodingOptions::ForceUnicode:
 			Bytes = "\xFF\xFE";
+			// The string's own code units, as written; a surrogate pair stays a pair.
 			for (const TCHAR Char : String)
 			{
-				uint32 Code = static_cast<uint32>(Char);
-				Code = (Code > 0x10FFFF || (Code >= 0xD800 && Code <= 0xDFFF)) ? 0xFFFD : Code;
-				const auto PutUnit = [&Bytes](uint32 Unit)
-				{
-					Bytes.push_back(static_cast<char>(Unit & 0xFF));
-					Bytes.push_back(static_cast<char>(Unit >> 8));
-				};
-				if (Code >= 0x10000)
-				{
-					PutUnit(0xD800 + ((Code - 0x10000) >> 10));
-					PutUnit(0xDC00 + ((Code - 0x10000) & 0x3FF));
-				}
-				else
-				{
-					PutUnit(Code);
-				}
+				Bytes.push_back(static_cast<char>(Char & 0xFF));
+				Bytes.push_back(static_cast<char>(Char >> 8));
 			}
 			break;
 		case FFileHelper::EEncodingOptions::ForceUTF8:
 			Bytes = "\xEF\xBB\xBF";
 			[[fallthrough]];
 		default:
-			UE::Core::Private::AppendWideAsUtf8(Bytes, *String, static_cast<SIZE_T>(String.Len()));
+			UE::Core::Private::AppendTcharAsUtf8(Bytes, *String, static_cast<SIZE_T>(String.Len()));
 			break;
 		}
 		return Bytes;
@@ -140,22 +130,18 @@ namespace
 
 void FFileHelper::BufferToString(FString& Result, const uint8* Buffer, int32 Size)
 {
-	std::wstring Text;
 	const SIZE_T Length = Buffer && Size > 0 ? static_cast<SIZE_T>(Size) : 0;
-	if (Length >= 2 && Buffer[0] == 0xFF && Buffer[1] == 0xFE)
+	if (Length >= 2 && ((Buffer[0] == 0xFF && Buffer[1] == 0xFE) || (Buffer[0] == 0xFE && Buffer[1] == 0xFF)))
 	{
-		AppendUtf16(Text, Buffer + 2, Length - 2, false);
+		std::u16string Text;
+		AppendUtf16(Text, Buffer + 2, Length - 2, Buffer[0] == 0xFE);
+		Result = FString(static_cast<int32>(Text.size()), Text.c_str());
+		return;
 	}
-	else if (Length >= 2 && Buffer[0] == 0xFE && Buffer[1] == 0xFF)
-	{
-		AppendUtf16(Text, Buffer + 2, Length - 2, true);
-	}
-	else
-	{
-		const SIZE_T Skip = (Length >= 3 && Buffer[0] == 0xEF && Buffer[1] == 0xBB && Buffer[2] == 0xBF) ? 3 : 0;
-		UE::Core::Private::AppendUtf8AsWide(Text, reinterpret_cast<const char*>(Buffer) + Skip, Length - Skip);
-	}
-	Result = FString(static_cast<int32>(Text.size()), Text.c_str());
+	// The text ends at its first NUL, as a C string would.
+	const SIZE_T Skip = (Length >= 3 && Buffer[0] == 0xEF && Buffer[1] == 0xBB && Buffer[2] == 0xBF) ? 3 : 0;
+	const char* Bytes = reinterpret_cast<const char*>(Buffer) + Skip;
+	Result = FString::FromUTF8(Bytes, static_cast<int32>(strnlen(Bytes, Length - Skip)));
 }
 
 bool FFileHelper::LoadFileToString(FString& Result, const TCHAR* Filename)

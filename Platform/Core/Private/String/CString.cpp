@@ -2,10 +2,11 @@
 
 #include "Misc/Char.h"
 
-#include <cwchar>
+#include <cstdlib>
 #include <limits>
 #include <locale.h>
-#include <wchar.h>
+#include <stdlib.h>
+#include <string>
 
 namespace
 {
@@ -18,17 +19,35 @@ namespace
 		return String;
 	}
 
-	// Numbers read the same everywhere: wcstod alone would take ',' as the decimal point once a
+	// The C library's number readers take narrow text; a number is ASCII, so the ASCII run at the
+	// start of String is all they can read, one byte per TCHAR (an End offset maps back 1:1).
+	std::string AsciiPrefix(const TCHAR* String)
+	{
+		std::string Narrow;
+		for (; *String != 0 && static_cast<uint32>(*String) < 128u; ++String)
+		{
+			Narrow.push_back(static_cast<char>(*String));
+		}
+		return Narrow;
+	}
+
+	// Numbers read the same everywhere: strtod alone would take ',' as the decimal point once a
 	// library in the process switched LC_NUMERIC, so parse with a private "C" locale.
+	locale_t NumericCLocale()
+	{
+		static const locale_t CLocale = newlocale(LC_NUMERIC_MASK, "C", static_cast<locale_t>(nullptr));
+		return CLocale;
+	}
+
 	double ParseDoublePrefix(const TCHAR* String)
 	{
 		if (!String)
 		{
 			return 0.0;
 		}
-		static const locale_t CLocale = newlocale(LC_NUMERIC_MASK, "C", static_cast<locale_t>(nullptr));
-		String = SkipWhitespace(String);
-		return CLocale ? wcstod_l(String, nullptr, CLocale) : std::wcstod(String, nullptr);
+		const std::string Narrow = AsciiPrefix(SkipWhitespace(String));
+		const locale_t CLocale = NumericCLocale();
+		return CLocale ? strtod_l(Narrow.c_str(), nullptr, CLocale) : std::strtod(Narrow.c_str(), nullptr);
 	}
 
 	template <bool bIgnoreCase>
@@ -81,7 +100,16 @@ namespace
 
 int32 FCString::Strlen(const TCHAR* String)
 {
-	return String ? static_cast<int32>(std::wcslen(String)) : 0;
+	if (!String)
+	{
+		return 0;
+	}
+	const TCHAR* End = String;
+	while (*End != 0)
+	{
+		++End;
+	}
+	return static_cast<int32>(End - String);
 }
 
 int32 FCString::Strcmp(const TCHAR* A, const TCHAR* B)
@@ -102,6 +130,25 @@ int32 FCString::Strncmp(const TCHAR* A, const TCHAR* B, SIZE_T Count)
 int32 FCString::Strnicmp(const TCHAR* A, const TCHAR* B, SIZE_T Count)
 {
 	return CompareN<true>(A, B, Count);
+}
+
+const TCHAR* FCString::Strchr(const TCHAR* String, TCHAR Char)
+{
+	if (!String)
+	{
+		return nullptr;
+	}
+	for (;; ++String)
+	{
+		if (*String == Char)
+		{
+			return String;
+		}
+		if (*String == 0)
+		{
+			return nullptr;
+		}
+	}
 }
 
 const TCHAR* FCString::Strstr(const TCHAR* String, const TCHAR* Needle)
@@ -180,7 +227,14 @@ int64 FCString::Strtoi64(const TCHAR* String, TCHAR** End, int32 Base)
 		}
 		return 0;
 	}
-	return static_cast<int64>(std::wcstoll(String, End, Base));
+	const std::string Narrow = AsciiPrefix(String);
+	char* NarrowEnd = nullptr;
+	const long long Value = std::strtoll(Narrow.c_str(), &NarrowEnd, Base);
+	if (End)
+	{
+		*End = const_cast<TCHAR*>(String) + (NarrowEnd - Narrow.c_str());
+	}
+	return static_cast<int64>(Value);
 }
 
 int32 FCString::Strtoi(const TCHAR* String, TCHAR** End, int32 Base)

@@ -17,25 +17,29 @@ namespace UE::Core::Private
 		}
 	}
 
-	wchar_t WideToLower(wchar_t Char)
+	uint32 WideToLower(uint32 Char)
 	{
 		const locale_t Locale = UnicodeLocale();
-		return static_cast<wchar_t>(Locale ? towlower_l(static_cast<wint_t>(Char), Locale) : towlower(static_cast<wint_t>(Char)));
+		const uint32 Lower = static_cast<uint32>(Locale ? towlower_l(static_cast<wint_t>(Char), Locale) : towlower(static_cast<wint_t>(Char)));
+		// A code unit maps only to a code unit: the few letters whose other case lies in another
+		// plane (none in the Basic Multilingual Plane today) keep their case rather than wrap.
+		return Lower <= 0xFFFF ? Lower : Char;
 	}
 
-	wchar_t WideToUpper(wchar_t Char)
+	uint32 WideToUpper(uint32 Char)
 	{
 		const locale_t Locale = UnicodeLocale();
-		return static_cast<wchar_t>(Locale ? towupper_l(static_cast<wint_t>(Char), Locale) : towupper(static_cast<wint_t>(Char)));
+		const uint32 Upper = static_cast<uint32>(Locale ? towupper_l(static_cast<wint_t>(Char), Locale) : towupper(static_cast<wint_t>(Char)));
+		return Upper <= 0xFFFF ? Upper : Char;
 	}
 
-	bool WideIsAlpha(wchar_t Char)
+	bool WideIsAlpha(uint32 Char)
 	{
 		const locale_t Locale = UnicodeLocale();
 		return (Locale ? iswalpha_l(static_cast<wint_t>(Char), Locale) : iswalpha(static_cast<wint_t>(Char))) != 0;
 	}
 
-	bool WideIsWhitespace(wchar_t Char)
+	bool WideIsWhitespace(uint32 Char)
 	{
 		// The Unicode White_Space property in full: iswspace leaves out the no-break spaces, yet
 		// they separate words in text a user types and trimming them is what a user expects.
@@ -44,13 +48,13 @@ namespace UE::Core::Private
 			|| Char == 0x3000;
 	}
 
-	bool WideIsUpper(wchar_t Char)
+	bool WideIsUpper(uint32 Char)
 	{
 		const locale_t Locale = UnicodeLocale();
 		return (Locale ? iswupper_l(static_cast<wint_t>(Char), Locale) : iswupper(static_cast<wint_t>(Char))) != 0;
 	}
 
-	bool WideIsLower(wchar_t Char)
+	bool WideIsLower(uint32 Char)
 	{
 		const locale_t Locale = UnicodeLocale();
 		return (Locale ? iswlower_l(static_cast<wint_t>(Char), Locale) : iswlower(static_cast<wint_t>(Char))) != 0;

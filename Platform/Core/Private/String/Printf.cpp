@@ -15,7 +15,6 @@
 #include <cmath>
 #include <cstdio>
 #include <locale.h>
-#include <cwchar>
 #include <string>
 
 using UE::Core::Private::FPrintfArg;
@@ -174,7 +173,17 @@ namespace
 		}
 		else if (Arg.Kind == FPrintfArg::EKind::Char)
 		{
-			Text.AppendChar(static_cast<TCHAR>(Arg.Unsigned));
+			// A code point beyond the Basic Multilingual Plane (a char32_t) takes a surrogate pair.
+			const uint64 Code = Arg.Unsigned;
+			if (Code > 0xFFFF && Code <= 0x10FFFF)
+			{
+				Text.AppendChar(static_cast<TCHAR>(0xD800 + ((Code - 0x10000) >> 10)));
+				Text.AppendChar(static_cast<TCHAR>(0xDC00 + ((Code - 0x10000) & 0x3FF)));
+			}
+			else
+			{
+				Text.AppendChar(static_cast<TCHAR>(Code <= 0xFFFF ? Code : 0xFFFD));
+			}
 		}
 		else if (Arg.Kind == FPrintfArg::EKind::Pointer)
 		{
@@ -205,10 +214,14 @@ namespace
 			AppendText(Out, Arg, Field);
 			return;
 		}
-		const uint64 Code = AsUnsigned(Arg);
-		TCHAR Char = (Code > 0x10FFFF || (Code >= 0xD800 && Code <= 0xDFFF)) ? UE::Core::Private::ReplacementChar : static_cast<TCHAR>(Code);
-		// A NUL would end the C string that operator* returns; it stands for nothing.
-		AppendPadded(Out, &Char, Char == 0 ? 0 : 1, Field, false);
+		uint64 Code = AsUnsigned(Arg);
+		Code = (Code > 0x10FFFF || (Code >= 0xD800 && Code <= 0xDFFF)) ? UE::Core::Private::ReplacementChar : Code;
+		// A character beyond U+FFFF is a surrogate pair; a NUL would end the C string that
+		// operator* returns, so it stands for nothing.
+		const TCHAR Units[2] = {
+			static_cast<TCHAR>(Code > 0xFFFF ? 0xD800 + ((Code - 0x10000) >> 10) : Code),
+			static_cast<TCHAR>(Code > 0xFFFF ? 0xDC00 + ((Code - 0x10000) & 0x3FF) : 0)};
+		AppendPadded(Out, Units, Code == 0 ? 0 : (Code > 0xFFFF ? 2 : 1), Field, false);
 	}
 
 	// Reads an int argument for a '*' width or precision; a missing one counts as absent.
@@ -298,7 +311,7 @@ void UE::Core::Private::AppendPrintf(FString& Out, const TCHAR* Format, const FP
 			Cursor += 3;
 		}
 		const TCHAR Conversion = *Cursor;
-		const bool bKnown = Conversion != 0 && std::wcschr(TEXT("diuoxXcCsSfFeEgGaAp"), Conversion) != nullptr;
+		const bool bKnown = Conversion != 0 && FCString::Strchr(TEXT("diuoxXcCsSfFeEgGaAp"), Conversion) != nullptr;
 		if (!bKnown || bMissing || NextArg >= NumArgs)
 		{
 			// Nothing defined to print: show the directive itself, which makes the mistake visible.

@@ -25,13 +25,13 @@ namespace
 
 FString FString::Left(int32 Count) const
 {
-	return FString(ClampCount(Count, Len()), Data.data());
+	return FString(ClampCount(Count, Len()), **this);
 }
 
 FString FString::Right(int32 Count) const
 {
 	const int32 Take = ClampCount(Count, Len());
-	return FString(Take, Data.data() + (Len() - Take));
+	return FString(Take, **this + (Len() - Take));
 }
 
 FString FString::Mid(int32 Start, int32 Count) const
@@ -39,7 +39,7 @@ FString FString::Mid(int32 Start, int32 Count) const
 	// Work in int64 so Start + Count cannot overflow when Count is the "to the end" default.
 	const int64 First = std::clamp<int64>(Start, 0, Len());
 	const int64 Last = std::clamp<int64>(static_cast<int64>(Start) + std::max(Count, 0), First, Len());
-	return FString(static_cast<int32>(Last - First), Data.data() + First);
+	return FString(static_cast<int32>(Last - First), **this + First);
 }
 
 FString FString::LeftChop(int32 Count) const
@@ -54,11 +54,11 @@ FString FString::RightChop(int32 Count) const
 
 bool FString::RemoveFromStart(const TCHAR* Prefix, int32 PrefixLen, ESearchCase::Type SearchCase)
 {
-	if (!Prefix || PrefixLen <= 0 || PrefixLen > Len() || !RangesEqual(Data.data(), Prefix, PrefixLen, SearchCase))
+	if (!Prefix || PrefixLen <= 0 || PrefixLen > Len() || !RangesEqual(**this, Prefix, PrefixLen, SearchCase))
 	{
 		return false;
 	}
-	Data.erase(0, static_cast<SIZE_T>(PrefixLen));
+	RemoveAt(0, PrefixLen);
 	return true;
 }
 
@@ -74,11 +74,11 @@ bool FString::RemoveFromStart(const FString& Prefix, ESearchCase::Type SearchCas
 
 bool FString::RemoveFromEnd(const TCHAR* Suffix, int32 SuffixLen, ESearchCase::Type SearchCase)
 {
-	if (!Suffix || SuffixLen <= 0 || SuffixLen > Len() || !RangesEqual(Data.data() + Len() - SuffixLen, Suffix, SuffixLen, SearchCase))
+	if (!Suffix || SuffixLen <= 0 || SuffixLen > Len() || !RangesEqual(**this + Len() - SuffixLen, Suffix, SuffixLen, SearchCase))
 	{
 		return false;
 	}
-	Data.resize(static_cast<SIZE_T>(Len() - SuffixLen));
+	RemoveAt(Len() - SuffixLen, SuffixLen);
 	return true;
 }
 
@@ -108,17 +108,27 @@ FString FString::ToLower() const
 
 void FString::ToUpperInline()
 {
-	for (TCHAR& Char : Data)
+	if (IsEmpty())
 	{
-		Char = FChar::ToUpper(Char);
+		return;
+	}
+	TCHAR* Chars = Unshare(Len());
+	for (int32 Index = 0; Index < Len(); ++Index)
+	{
+		Chars[Index] = FChar::ToUpper(Chars[Index]);
 	}
 }
 
 void FString::ToLowerInline()
 {
-	for (TCHAR& Char : Data)
+	if (IsEmpty())
 	{
-		Char = FChar::ToLower(Char);
+		return;
+	}
+	TCHAR* Chars = Unshare(Len());
+	for (int32 Index = 0; Index < Len(); ++Index)
+	{
+		Chars[Index] = FChar::ToLower(Chars[Index]);
 	}
 }
 
@@ -130,7 +140,7 @@ FString FString::TrimStartAndEnd() const
 FString FString::TrimStart() const
 {
 	int32 First = 0;
-	while (First < Len() && FChar::IsWhitespace(Data[static_cast<SIZE_T>(First)]))
+	while (First < Len() && FChar::IsWhitespace((**this)[First]))
 	{
 		++First;
 	}
@@ -140,7 +150,7 @@ FString FString::TrimStart() const
 FString FString::TrimEnd() const
 {
 	int32 End = Len();
-	while (End > 0 && FChar::IsWhitespace(Data[static_cast<SIZE_T>(End - 1)]))
+	while (End > 0 && FChar::IsWhitespace((**this)[End - 1]))
 	{
 		--End;
 	}
@@ -183,14 +193,14 @@ int32 FString::ReplaceInline(const TCHAR* From, const TCHAR* To, ESearchCase::Ty
 	int32 Start = 0;
 	for (int32 Hit = Find(From, SearchCase, ESearchDir::FromStart, 0); Hit != INDEX_NONE; Hit = Find(From, SearchCase, ESearchDir::FromStart, Start))
 	{
-		Result.Append(Data.data() + Start, Hit - Start);
+		Result.Append(**this + Start, Hit - Start);
 		Result.Append(Replacement);
 		Start = Hit + FromLen;
 		++Count;
 	}
 	if (Count > 0)
 	{
-		Result.Append(Data.data() + Start, Len() - Start);
+		Result.Append(**this + Start, Len() - Start);
 		*this = static_cast<FString&&>(Result);
 	}
 	return Count;
@@ -198,11 +208,12 @@ int32 FString::ReplaceInline(const TCHAR* From, const TCHAR* To, ESearchCase::Ty
 
 void FString::ReplaceCharInline(TCHAR From, TCHAR To, ESearchCase::Type SearchCase)
 {
-	for (TCHAR& Char : Data)
+	for (int32 Index = 0; Index < Len(); ++Index)
 	{
-		if (RangesEqual(&Char, &From, 1, SearchCase))
+		// Shared text is copied only once something is replaced.
+		if (RangesEqual(**this + Index, &From, 1, SearchCase))
 		{
-			Char = To;
+			Unshare(Len())[Index] = To;
 		}
 	}
 }
@@ -230,22 +241,22 @@ void FString::PathAppend(const TCHAR* Str, int32 StrLength)
 	}
 	// Drop the separators on both sides of the join and put exactly one back; a lone root "/"
 	// is itself the separator.
-	SIZE_T Keep = Data.size();
-	while (Keep > 1 && IsPathSeparator(Data[Keep - 1]))
+	int32 Keep = Len();
+	while (Keep > 1 && IsPathSeparator((**this)[Keep - 1]))
 	{
 		--Keep;
 	}
-	Data.resize(Keep);
-	SIZE_T Skip = 0;
-	while (Skip < Addition.Data.size() && IsPathSeparator(Addition.Data[Skip]))
+	RemoveAt(Keep, Len() - Keep);
+	int32 Skip = 0;
+	while (Skip < Addition.Len() && IsPathSeparator(Addition[Skip]))
 	{
 		++Skip;
 	}
-	if (!IsPathSeparator(Data.back()))
+	if (!IsPathSeparator((**this)[Len() - 1]))
 	{
-		Data.push_back('/');
+		AppendChar('/');
 	}
-	Data.append(Addition.Data, Skip, std::wstring::npos);
+	Append(*Addition + Skip, Addition.Len() - Skip);
 }
 
 FString FString::FromInt(int32 Value)
@@ -285,7 +296,11 @@ FString FString::ChrN(int32 Count, TCHAR Char)
 	FString Result;
 	if (Count > 0)
 	{
-		Result.Data.assign(static_cast<SIZE_T>(Count), Char);
+		Result.Reserve(Count);
+		for (int32 Index = 0; Index < Count; ++Index)
+		{
+			Result.AppendChar(Char);
+		}
 	}
 	return Result;
 }

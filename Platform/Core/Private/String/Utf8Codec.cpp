@@ -24,17 +24,17 @@ namespace UE::Core::Private
 		}
 	}
 
-	void AppendUtf8AsWide(std::wstring& Out, const char* Bytes, SIZE_T Length)
+	int32 DecodeUtf8(const char* Bytes, SIZE_T Length, TCHAR* Out)
 	{
 		const unsigned char* In = reinterpret_cast<const unsigned char*>(Bytes);
-		Out.reserve(Out.size() + Length);
+		TCHAR* const Start = Out;
 		SIZE_T Index = 0;
 		while (Index < Length)
 		{
 			const unsigned char Lead = In[Index];
 			if (Lead < 0x80)
 			{
-				Out.push_back(static_cast<wchar_t>(Lead));
+				*Out++ = static_cast<TCHAR>(Lead);
 				++Index;
 				continue;
 			}
@@ -57,7 +57,7 @@ namespace UE::Core::Private
 			}
 			else
 			{
-				Out.push_back(ReplacementChar);
+				*Out++ = ReplacementChar;
 				++Index;
 				continue;
 			}
@@ -75,18 +75,37 @@ namespace UE::Core::Private
 			}
 			// On a fault, the bytes read so far form one invalid part; the faulty byte is read again
 			// as the start of what follows.
-			Out.push_back(bValid ? static_cast<wchar_t>(Code) : ReplacementChar);
+			if (!bValid)
+			{
+				*Out++ = ReplacementChar;
+			}
+			else if (Code < 0x10000)
+			{
+				*Out++ = static_cast<TCHAR>(Code);
+			}
+			else
+			{
+				Code -= 0x10000;
+				*Out++ = static_cast<TCHAR>(0xD800 + (Code >> 10));
+				*Out++ = static_cast<TCHAR>(0xDC00 + (Code & 0x3FF));
+			}
 			Index = Next;
 		}
+		return static_cast<int32>(Out - Start);
 	}
 
-	void AppendWideAsUtf8(std::string& Out, const wchar_t* Chars, SIZE_T Length)
+	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length)
 	{
 		Out.reserve(Out.size() + Length);
 		for (SIZE_T Index = 0; Index < Length; ++Index)
 		{
 			uint32 Code = static_cast<uint32>(Chars[Index]);
-			if ((Code >= 0xD800 && Code <= 0xDFFF) || Code > 0x10FFFF)
+			if (Code >= 0xD800 && Code <= 0xDBFF && Index + 1 < Length && Chars[Index + 1] >= 0xDC00 && Chars[Index + 1] <= 0xDFFF)
+			{
+				Code = 0x10000 + ((Code - 0xD800) << 10) + (static_cast<uint32>(Chars[Index + 1]) - 0xDC00);
+				++Index;
+			}
+			else if (Code >= 0xD800 && Code <= 0xDFFF)
 			{
 				Code = static_cast<uint32>(ReplacementChar);
 			}

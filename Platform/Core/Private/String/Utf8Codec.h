@@ -1,7 +1,7 @@
 #pragma once
 
-// UTF-8 <-> UTF-32 (TCHAR) conversion used wherever text crosses the program's edge: files, the
-// console, file names, narrow string literals.
+// UTF-8 <-> UTF-16 (TCHAR) conversion used wherever text crosses the program's edge: files, the
+// console, file names, narrow string literals, the libraries that speak UTF-8.
 
 #include "HAL/Platform.h"
 
@@ -10,15 +10,17 @@
 namespace UE::Core::Private
 {
 	/** The replacement character every undecodable byte or unencodable code unit turns into. */
-	inline constexpr wchar_t ReplacementChar = 0xFFFD;
+	inline constexpr TCHAR ReplacementChar = 0xFFFD;
 
 	/**
-	 * Appends the decoded Bytes. A malformed sequence (stray continuation byte, overlong form,
-	 * surrogate, beyond U+10FFFF, cut short) becomes one U+FFFD per maximal invalid part, so a
-	 * broken file still reads and nothing after the fault is lost.
+	 * Decodes Length bytes into Out, which must have room for Length code units (no byte sequence
+	 * decodes to more units than it has bytes), and returns the units written. A character beyond
+	 * U+FFFF becomes a surrogate pair. A malformed sequence (stray continuation byte, overlong form,
+	 * encoded surrogate, beyond U+10FFFF, cut short) becomes one U+FFFD per maximal invalid part, so
+	 * a broken file still reads and nothing after the fault is lost.
 	 */
-	void AppendUtf8AsWide(std::wstring& Out, const char* Bytes, SIZE_T Length);
+	int32 DecodeUtf8(const char* Bytes, SIZE_T Length, TCHAR* Out);
 
-	/** Appends Chars as UTF-8; surrogates and values beyond U+10FFFF are written as U+FFFD. */
-	void AppendWideAsUtf8(std::string& Out, const wchar_t* Chars, SIZE_T Length);
+	/** Appends Chars as UTF-8; a surrogate pair is one character, a lone surrogate is written as U+FFFD. */
+	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length);
 }

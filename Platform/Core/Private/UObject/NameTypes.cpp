@@ -28,7 +28,7 @@ namespace
 		// Returns the index for Text, adding it when allowed; INDEX_NONE when absent and not added.
 		int64 FindOrAdd(const TCHAR* Text, int32 Length, bool bAdd)
 		{
-			std::wstring Key(Text, static_cast<SIZE_T>(Length));
+			std::u16string Key(Text, static_cast<SIZE_T>(Length));
 			for (TCHAR& Char : Key)
 			{
 				Char = FChar::ToLower(Char);
@@ -64,14 +64,14 @@ namespace
 	private:
 		FNameTable()
 		{
-			IndexByKey.emplace(L"none", 0u);
+			IndexByKey.emplace(u"none", 0u);
 			Entries.emplace_back(TEXT("None"));
 		}
 
 		// Guards both members below.
 		std::shared_mutex Mutex;
 		// Lower-cased text to index: the case-insensitive identity of a name.
-		std::unordered_map<std::wstring, uint32> IndexByKey;
+		std::unordered_map<std::u16string, uint32> IndexByKey;
 		// Display text by index, as first seen.
 		std::deque<FString> Entries;
 	};

@@ -1,7 +1,7 @@
 #pragma once
 
-// Conversions between TCHAR text and UTF-8 for the edges of the program (files, consoles, C
-// libraries), as the engine's StringConv.h gives them.
+// Conversions between TCHAR (UTF-16) text and UTF-8 for the edges of the program (files, consoles,
+// C libraries), as the engine's StringConv.h gives them.
 
 #include "HAL/Platform.h"
 
@@ -9,8 +9,8 @@
 
 /**
  * TCHAR text converted to UTF-8, owned by this object. Get() is valid while the object lives, so
- * TCHAR_TO_UTF8's result must be used within the full expression that makes it. Code units that
- * are not Unicode scalar values become U+FFFD.
+ * TCHAR_TO_UTF8's result must be used within the full expression that makes it. A surrogate pair
+ * becomes one four-byte character; a lone surrogate becomes U+FFFD.
  */
 class FTCHARToUTF8
 {
@@ -31,7 +31,8 @@ private:
 
 /**
  * UTF-8 bytes converted to TCHAR text, owned by this object (see FTCHARToUTF8 for the lifetime
- * rule). Malformed bytes become U+FFFD; a conversion never fails.
+ * rule). A character beyond U+FFFF becomes a surrogate pair; malformed bytes become U+FFFD; a
+ * conversion never fails.
  */
 class FUTF8ToTCHAR
 {
@@ -47,8 +48,19 @@ public:
 
 private:
 	// The converted characters.
-	std::wstring Buffer;
+	std::u16string Buffer;
 };
 
 #define TCHAR_TO_UTF8(str) (ANSICHAR*)FTCHARToUTF8((const TCHAR*)(str)).Get()
 #define UTF8_TO_TCHAR(str) (TCHAR*)FUTF8ToTCHAR((const ANSICHAR*)(str)).Get()
+
+#if PLAIN_PLATFORM_INTERNALS
+namespace UE::Core::Private
+{
+	/**
+	 * The stand-in's (its fonts and renderer draw by code point): the characters of Length TCHARs,
+	 * a surrogate pair read as one, a lone surrogate as U+FFFD.
+	 */
+	CORE_API std::u32string ToCodePoints(const TCHAR* Chars, int32 Length);
+}
+#endif

@@ -5,15 +5,43 @@
 #include "Misc/CString.h"
 #include "Misc/PrintfArg.h"
 
-#include <string>
+#include <atomic>
+#include <iosfwd>
 #include <type_traits>
 #include <utility>
+
+namespace UE::Core::Private
+{
+	/**
+	 * The heap block behind a non-empty FString: a header, then Capacity + 1 TCHARs. RefCount is
+	 * the number of FStrings sharing the block, or UnsharableCount when its one owner has handed out
+	 * a writable reference: such a block is copied, never shared.
+	 */
+	struct FStringBlock
+	{
+		static constexpr int32 UnsharableCount = -1;
+
+		std::atomic<int32> RefCount;
+		// Characters in use, without the terminator.
+		int32 Length;
+		// Characters that fit, without the terminator.
+		int32 Capacity;
+
+		TCHAR* Chars() { return reinterpret_cast<TCHAR*>(this + 1); }
+	};
+}
 
 /**
  * The engine's string: TCHAR text with a null terminator, so operator* is always a valid C string.
  * The rule that surprises: == and < ignore case (so does GetTypeHash, to agree with them); use
  * Equals(Other) or Compare(Other) for a case-sensitive test. Searches default to IgnoreCase too.
- * Indices and lengths count TCHARs (code points, since TCHAR is UTF-32 here).
+ * Indices and lengths count TCHARs, which are UTF-16 code units: "😂" has a Len() of 2.
+ *
+ * The stand-in shares the characters between copies until one of them changes (the engine copies
+ * at once; nothing a caller can observe differs): a copy is one counter update, which is what lets
+ * a JSON document's repeated keys, and text handed from a parsed document to its records, cost no
+ * memory of their own. A writable reference into the text (non-const operator[], begin(), end())
+ * makes the string stop sharing, so writes through it never reach another copy.
  */
 class FString
 {
@@ -42,27 +70,49 @@ public:
 	static CORE_API FString FromUTF8(const ANSICHAR* Bytes, int32 Len);
 #endif
 
+	FString(const FString& Other) : Block(ShareOrCopy(Other.Block)) {}
+	FString(FString&& Other) noexcept : Block(Other.Block) { Other.Block = nullptr; }
+	FString& operator=(const FString& Other)
+	{
+		UE::Core::Private::FStringBlock* Shared = ShareOrCopy(Other.Block);
+		Release(Block);
+		Block = Shared;
+		return *this;
+	}
+	FString& operator=(FString&& Other) noexcept
+	{
+		if (this != &Other)
+		{
+			Release(Block);
+			Block = Other.Block;
+			Other.Block = nullptr;
+		}
+		return *this;
+	}
+	~FString() { Release(Block); }
+
 	/** The text as a null-terminated C string; never null, valid until this string changes. */
-	const TCHAR* operator*() const { return Data.c_str(); }
-	int32 Len() const { return static_cast<int32>(Data.size()); }
-	bool IsEmpty() const { return Data.empty(); }
+	const TCHAR* operator*() const { return Block ? Block->Chars() : TEXT(""); }
+	int32 Len() const { return Block ? Block->Length : 0; }
+	bool IsEmpty() const { return Len() == 0; }
 	bool IsValidIndex(int32 Index) const { return Index >= 0 && Index < Len(); }
-	TCHAR& operator[](int32 Index) { check(IsValidIndex(Index)); return Data[static_cast<SIZE_T>(Index)]; }
-	const TCHAR& operator[](int32 Index) const { check(IsValidIndex(Index)); return Data[static_cast<SIZE_T>(Index)]; }
-	TCHAR* begin() { return Data.data(); }
-	TCHAR* end() { return Data.data() + Data.size(); }
-	const TCHAR* begin() const { return Data.data(); }
-	const TCHAR* end() const { return Data.data() + Data.size(); }
+	TCHAR& operator[](int32 Index) { check(IsValidIndex(Index)); return WritableChars()[Index]; }
+	const TCHAR& operator[](int32 Index) const { check(IsValidIndex(Index)); return Block->Chars()[Index]; }
+	TCHAR* begin() { return Block ? WritableChars() : nullptr; }
+	TCHAR* end() { return Block ? WritableChars() + Block->Length : nullptr; }
+	const TCHAR* begin() const { return Block ? Block->Chars() : nullptr; }
+	const TCHAR* end() const { return Block ? Block->Chars() + Block->Length : nullptr; }
 
 	CORE_API void Empty(int32 Slack = 0);
 	CORE_API void Reset(int32 NewReservedSize = 0);
 	CORE_API void Reserve(int32 CharacterCount);
-	void Shrink() { Data.shrink_to_fit(); }
+	/** Gives back the room beyond Len(). */
+	CORE_API void Shrink();
 
 	CORE_API FString& Append(const TCHAR* Text, int32 Count);
 	CORE_API FString& Append(const TCHAR* Text);
-	FString& Append(const FString& Text) { Data.append(Text.Data); return *this; }
-	FString& AppendChar(TCHAR Char) { Data.push_back(Char); return *this; }
+	CORE_API FString& Append(const FString& Text);
+	CORE_API FString& AppendChar(TCHAR Char);
 	CORE_API FString& AppendInt(int32 Value);
 	FString& operator+=(const FString& Text) { return Append(Text); }
 	FString& operator+=(const TCHAR* Text) { return Append(Text); }
@@ -232,9 +282,26 @@ public:
 	friend FString operator+(const TCHAR* Lhs, const FString& Rhs) { return FString(Lhs).Append(Rhs); }
 
 private:
-	// The characters, without the terminator that c_str() supplies.
-	std::wstring Data;
+	// Another string's block to share, or a copy of it when it may not be shared.
+	static CORE_API UE::Core::Private::FStringBlock* ShareOrCopy(UE::Core::Private::FStringBlock* Other);
+	// Drops one owner of Block, freeing it with the last one.
+	static CORE_API void Release(UE::Core::Private::FStringBlock* Block);
+	// Makes this string the only owner of a block with room for MinCapacity characters, keeping
+	// the text; the characters returned may be written.
+	CORE_API TCHAR* Unshare(int32 MinCapacity);
+	// The characters for writing through a reference the caller keeps: unshared and unsharable.
+	CORE_API TCHAR* WritableChars();
+	// Sets the length of an unshared block (Unshare first) and writes its terminator.
+	void SetLength(int32 NewLength) { Block->Length = NewLength; Block->Chars()[NewLength] = 0; }
+
+	// The characters and their count, shared with copies; null for a string that never held any.
+	UE::Core::Private::FStringBlock* Block = nullptr;
 };
 
 /** Case-insensitive, like ==: strings equal ignoring case hash equal. Never allocates. */
 CORE_API uint32 GetTypeHash(const FString& String);
+
+#if PLAIN_PLATFORM_INTERNALS
+/** The stand-in's, for its tests and programs: the text written to a narrow stream as UTF-8. */
+CORE_API std::ostream& operator<<(std::ostream& Stream, const FString& String);
+#endif

@@ -1,9 +1,13 @@
 #pragma once
 
-// Fundamental types, character type and export macros, as the engine's HAL/Platform.h gives them.
+// Fundamental types, character types and export macros, as the engine's HAL/Platform.h gives them
+// on Linux and Mac.
 //
-// TCHAR is wchar_t: on Linux that is UTF-32, one code unit per code point, which keeps string
-// indexing simple. Text enters and leaves as UTF-8 at the edges (files, logs, JSON).
+// TCHAR is char16_t: text is UTF-16, so a character outside the Basic Multilingual Plane (an emoji,
+// a rare CJK ideograph) takes two TCHARs, a surrogate pair, and string lengths count code units.
+// Text enters and leaves as UTF-8 at the edges (files, logs, fonts, JSON, the command line).
+// wchar_t is 4 bytes here and 2 on Windows: no engine string is a wchar_t string on any platform
+// but Windows, so a call that wants one (wcslen, _wtof, L"...") does not build against TCHAR.
 
 #include <cstddef>
 #include <cstdint>
@@ -22,11 +26,16 @@ using UPTRINT = std::uintptr_t;
 using PTRINT = std::intptr_t;
 
 using ANSICHAR = char;
-using WIDECHAR = wchar_t;
+using WIDECHAR = char16_t;
 using UTF8CHAR = char8_t;
-using TCHAR = wchar_t;
+using UTF16CHAR = char16_t;
+using UTF32CHAR = char32_t;
+using CHAR16 = char16_t;
+using CHAR32 = char32_t;
+using TCHAR = WIDECHAR;
 
-#define TEXT_PASTE(x) L##x
+#define PLATFORM_TCHAR_IS_CHAR16 1
+#define TEXT_PASTE(x) u##x
 #define TEXT(x) TEXT_PASTE(x)
 
 #define DLLEXPORT __attribute__((visibility("default")))

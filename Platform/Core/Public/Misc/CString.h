@@ -45,6 +45,9 @@ struct TCString<TCHAR>
 	static CORE_API int32 Strncmp(const TCHAR* A, const TCHAR* B, SIZE_T Count);
 	static CORE_API int32 Strnicmp(const TCHAR* A, const TCHAR* B, SIZE_T Count);
 
+	/** First occurrence of Char in String, or nullptr; the terminator itself can be found. */
+	static CORE_API const TCHAR* Strchr(const TCHAR* String, TCHAR Char);
+
 	/** First occurrence of Find in String, or nullptr. An empty Find matches at the start. */
 	static CORE_API const TCHAR* Strstr(const TCHAR* String, const TCHAR* Find);
 	static CORE_API const TCHAR* Stristr(const TCHAR* String, const TCHAR* Find);

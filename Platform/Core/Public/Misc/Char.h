@@ -6,18 +6,20 @@
 
 namespace UE::Core::Private
 {
-	// Full Unicode mappings, independent of the process locale (the "C" locale maps ASCII only).
-	CORE_API wchar_t WideToLower(wchar_t Char);
-	CORE_API wchar_t WideToUpper(wchar_t Char);
-	CORE_API bool WideIsAlpha(wchar_t Char);
-	CORE_API bool WideIsWhitespace(wchar_t Char);
-	CORE_API bool WideIsUpper(wchar_t Char);
-	CORE_API bool WideIsLower(wchar_t Char);
+	// Full Unicode mappings of one code unit, independent of the process locale (the "C" locale
+	// maps ASCII only). A surrogate is no letter and maps to itself.
+	CORE_API uint32 WideToLower(uint32 Char);
+	CORE_API uint32 WideToUpper(uint32 Char);
+	CORE_API bool WideIsAlpha(uint32 Char);
+	CORE_API bool WideIsWhitespace(uint32 Char);
+	CORE_API bool WideIsUpper(uint32 Char);
+	CORE_API bool WideIsLower(uint32 Char);
 }
 
 /**
- * Character helpers, as the engine's TChar. ASCII takes an inline fast path; other TCHARs use
- * Unicode case tables, so 'É' lowers to 'é' whatever the process locale. ANSICHAR is ASCII only.
+ * Character helpers, as the engine's TChar: one code unit at a time. ASCII takes an inline fast
+ * path; other TCHARs use Unicode case tables, so 'É' lowers to 'é' whatever the process locale.
+ * ANSICHAR is ASCII only.
  */
 template <typename CharType>
 struct TChar
@@ -33,9 +35,9 @@ struct TChar
 		{
 			return (Char >= 'A' && Char <= 'Z') ? static_cast<CharType>(Char + ('a' - 'A')) : Char;
 		}
-		if constexpr (sizeof(CharType) == sizeof(wchar_t))
+		if constexpr (sizeof(CharType) > 1)
 		{
-			return static_cast<CharType>(UE::Core::Private::WideToLower(static_cast<wchar_t>(Char)));
+			return static_cast<CharType>(UE::Core::Private::WideToLower(static_cast<uint32>(Char)));
 		}
 		return Char;
 	}
@@ -46,9 +48,9 @@ struct TChar
 		{
 			return (Char >= 'a' && Char <= 'z') ? static_cast<CharType>(Char - ('a' - 'A')) : Char;
 		}
-		if constexpr (sizeof(CharType) == sizeof(wchar_t))
+		if constexpr (sizeof(CharType) > 1)
 		{
-			return static_cast<CharType>(UE::Core::Private::WideToUpper(static_cast<wchar_t>(Char)));
+			return static_cast<CharType>(UE::Core::Private::WideToUpper(static_cast<uint32>(Char)));
 		}
 		return Char;
 	}
@@ -66,7 +68,7 @@ struct TChar
 		{
 			return (Char >= 'a' && Char <= 'z') || (Char >= 'A' && Char <= 'Z');
 		}
-		return sizeof(CharType) == sizeof(wchar_t) && UE::Core::Private::WideIsAlpha(static_cast<wchar_t>(Char));
+		return sizeof(CharType) > 1 && UE::Core::Private::WideIsAlpha(static_cast<uint32>(Char));
 	}
 
 	static bool IsAlnum(CharType Char) { return IsDigit(Char) || IsAlpha(Char); }
@@ -77,7 +79,7 @@ struct TChar
 		{
 			return Char >= 'A' && Char <= 'Z';
 		}
-		return sizeof(CharType) == sizeof(wchar_t) && UE::Core::Private::WideIsUpper(static_cast<wchar_t>(Char));
+		return sizeof(CharType) > 1 && UE::Core::Private::WideIsUpper(static_cast<uint32>(Char));
 	}
 
 	static bool IsLower(CharType Char)
@@ -86,7 +88,7 @@ struct TChar
 		{
 			return Char >= 'a' && Char <= 'z';
 		}
-		return sizeof(CharType) == sizeof(wchar_t) && UE::Core::Private::WideIsLower(static_cast<wchar_t>(Char));
+		return sizeof(CharType) > 1 && UE::Core::Private::WideIsLower(static_cast<uint32>(Char));
 	}
 
 	static bool IsWhitespace(CharType Char)
@@ -95,7 +97,7 @@ struct TChar
 		{
 			return Char == ' ' || (Char >= '\t' && Char <= '\r');
 		}
-		return sizeof(CharType) == sizeof(wchar_t) && UE::Core::Private::WideIsWhitespace(static_cast<wchar_t>(Char));
+		return sizeof(CharType) > 1 && UE::Core::Private::WideIsWhitespace(static_cast<uint32>(Char));
 	}
 
 	static constexpr bool IsLinebreak(CharType Char)

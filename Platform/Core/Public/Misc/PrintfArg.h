@@ -54,7 +54,12 @@ namespace UE::Core::Private
 		{
 			Arg.Signed = InValue ? 1 : 0;
 		}
-		else if constexpr (std::is_same_v<ValueType, char> || std::is_same_v<ValueType, wchar_t> || std::is_same_v<ValueType, char8_t>
+		else if constexpr (std::is_same_v<ValueType, wchar_t>
+			|| (std::is_pointer_v<ValueType> && std::is_same_v<std::remove_cv_t<std::remove_pointer_t<ValueType>>, wchar_t>))
+		{
+			static_assert(TAlwaysFalse<T>, "TCHAR is char16_t, not wchar_t: pass TEXT(\"...\") text, a TCHAR or *MyString");
+		}
+		else if constexpr (std::is_same_v<ValueType, char> || std::is_same_v<ValueType, char8_t>
 			|| std::is_same_v<ValueType, char16_t> || std::is_same_v<ValueType, char32_t>)
 		{
 			Arg.Kind = FPrintfArg::EKind::Char;

@@ -11,24 +11,46 @@
 
 namespace UE::Json::Private
 {
-	// TCHAR is UTF-32 here, so the reader walks the text's own characters: no conversion, no copy.
-	using FTextEncoding = rapidjson::UTF32<TCHAR>;
+	// TCHAR is UTF-16, which the reader reads natively: it walks the text's own code units, no
+	// conversion, no copy.
+	using FTextEncoding = rapidjson::UTF16<TCHAR>;
 
-	// Surrogate code units and values past U+10FFFF are not characters: a lone surrogate escape or
-	// a bad unit already in the text reads as U+FFFD.
-	inline bool IsCharacter(TCHAR Char)
+	inline bool IsSurrogate(TCHAR Char)
 	{
-		const uint32 Unit = static_cast<uint32>(Char);
-		return Unit < 0xD800 || (Unit > 0xDFFF && Unit <= 0x10FFFF);
+		return Char >= 0xD800 && Char <= 0xDFFF;
 	}
 
 	/**
 	 * The string being read, shared by every copy of the stream. Most strings hold no escape and
 	 * no bad unit, so they are only counted and then taken straight from the text; the first
-	 * character that differs from its place in the text moves the string to Decoded.
+	 * character that differs from its place in the text moves the string to Decoded. Half a
+	 * surrogate pair is no character: once the string is whole, a lone one becomes U+FFFD.
 	 */
 	struct FStringScratch
 	{
+		/** Replaces every surrogate that is not half of a pair; a string with one moves to Decoded. */
+		void ReplaceLoneSurrogates(size_t Length)
+		{
+			for (size_t Index = 0; Index < Length; ++Index)
+			{
+				const TCHAR* Units = Chars();
+				const bool bPaired = Units[Index] >= 0xD800 && Units[Index] <= 0xDBFF && Index + 1 < Length && Units[Index + 1] >= 0xDC00 && Units[Index + 1] <= 0xDFFF;
+				if (bPaired)
+				{
+					++Index;
+				}
+				else if (IsSurrogate(Units[Index]))
+				{
+					if (!bDecoded)
+					{
+						bDecoded = true;
+						Decoded.assign(Start, Start + Verbatim);
+					}
+					Decoded[Index] = 0xFFFD;
+				}
+			}
+		}
+
 		/** The string's characters: in the text, or in Decoded once anything had to change. */
 		const TCHAR* Chars() const { return bDecoded ? Decoded.data() : Start; }
 
@@ -38,6 +60,8 @@ namespace UE::Json::Private
 		size_t Verbatim = 0;
 		// The string needed decoding; its characters are in Decoded.
 		bool bDecoded = false;
+		// The string holds a surrogate code unit, to be checked for its other half at the end.
+		bool bHasSurrogate = false;
 		// The decoded string, ending with a NUL.
 		std::vector<TCHAR> Decoded;
 	};
@@ -67,15 +91,17 @@ namespace UE::Json::Private
 			Scratch->Start = Src;
 			Scratch->Verbatim = 0;
 			Scratch->bDecoded = false;
+			Scratch->bHasSurrogate = false;
 			return const_cast<Ch*>(Src);
 		}
 		// The character just taken is verbatim when it is the next one in the text; the final NUL
 		// stands for the closing quote.
 		void Put(Ch Char)
 		{
+			Scratch->bHasSurrogate |= IsSurrogate(Char);
 			if (!Scratch->bDecoded)
 			{
-				if (Src == Scratch->Start + Scratch->Verbatim + 1 && IsCharacter(Char))
+				if (Src == Scratch->Start + Scratch->Verbatim + 1)
 				{
 					++Scratch->Verbatim;
 					return;
@@ -83,10 +109,19 @@ namespace UE::Json::Private
 				Scratch->bDecoded = true;
 				Scratch->Decoded.assign(Scratch->Start, Scratch->Start + Scratch->Verbatim);
 			}
-			Scratch->Decoded.push_back(IsCharacter(Char) ? Char : 0xFFFD);
+			Scratch->Decoded.push_back(Char);
 		}
 		void Flush() {}
-		size_t PutEnd(Ch*) { return Scratch->bDecoded ? Scratch->Decoded.size() : Scratch->Verbatim; }
+		size_t PutEnd(Ch*)
+		{
+			// The count includes the final NUL, which is no surrogate.
+			const size_t Length = Scratch->bDecoded ? Scratch->Decoded.size() : Scratch->Verbatim;
+			if (Scratch->bHasSurrogate)
+			{
+				Scratch->ReplaceLoneSurrogates(Length);
+			}
+			return Length;
+		}
 
 	private:
 		// The first character of the text.

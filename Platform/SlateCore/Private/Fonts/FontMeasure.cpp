@@ -1,5 +1,7 @@
 #include "Fonts/FontMeasure.h"
 
+#include "Containers/StringConv.h"
+
 #include "Fonts/FontRasterizer.h"
 #include "Fonts/FontUnits.h"
 #include "Fonts/SlateFontInfo.h"
@@ -27,7 +29,7 @@ FVector2D FSlateFontMeasure::Measure(const FString& Text, const FSlateFontInfo& 
 	// Engine sizes are points, the rasterizer works in pixels; the outline is already in pixels.
 	const float Pixels = FontPointsToPixels(static_cast<float>(InFontInfo.Size) * FontScale);
 	const float Outline = static_cast<float>(InFontInfo.OutlineSettings.OutlineSize) * FontScale;
-	const FTextExtent Extent = Rasterizer.Measure(std::wstring_view(*Text, Text.Len()), Pixels, Outline, FontIdFor(Rasterizer, InFontInfo));
+	const FTextExtent Extent = Rasterizer.Measure(UE::Core::Private::ToCodePoints(*Text, Text.Len()), Pixels, Outline, FontIdFor(Rasterizer, InFontInfo));
 	return FVector2D(Extent.Width, Extent.Height);
 }
 
@@ -35,5 +37,5 @@ float FSlateFontMeasure::GetMaxCharacterHeight(const FSlateFontInfo& InFontInfo,
 {
 	FFontRasterizer& Rasterizer = FFontRasterizer::Get();
 	const float Pixels = FontPointsToPixels(static_cast<float>(InFontInfo.Size) * FontScale);
-	return Rasterizer.Measure(std::wstring_view(), Pixels, 0.0f, FontIdFor(Rasterizer, InFontInfo)).Height;
+	return Rasterizer.Measure(std::u32string_view(), Pixels, 0.0f, FontIdFor(Rasterizer, InFontInfo)).Height;
 }

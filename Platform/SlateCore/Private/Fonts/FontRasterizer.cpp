@@ -206,17 +206,7 @@ FTextExtent FFontRasterizer::Measure(std::u32string_view Text, float Size, float
 	return MeasureText(Text, Size, OutlineSize, Font);
 }
 
-FTextExtent FFontRasterizer::Measure(std::wstring_view Text, float Size, float OutlineSize, FFontId Font)
-{
-	return MeasureText(Text, Size, OutlineSize, Font);
-}
-
 FTextExtent FFontRasterizer::DrawText(const FPixelTarget& Target, float X, float Y, std::u32string_view Text, const FTextDrawStyle& Style, const FPixelRect& Clip)
-{
-	return DrawTextImpl(Target, X, Y, Text, Style, Clip);
-}
-
-FTextExtent FFontRasterizer::DrawText(const FPixelTarget& Target, float X, float Y, std::wstring_view Text, const FTextDrawStyle& Style, const FPixelRect& Clip)
 {
 	return DrawTextImpl(Target, X, Y, Text, Style, Clip);
 }

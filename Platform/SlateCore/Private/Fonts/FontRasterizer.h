@@ -20,8 +20,8 @@ class FFontGlyphCache;
 
 /**
  * Measures and draws text with real fonts (FreeType). Sizes are in pixels: convert engine point
- * sizes with FontPointsToPixels. Text is UTF-32 (char32_t, or wchar_t, which is 32 bits on Linux);
- * '\n' starts a new line. Every call is thread-safe (one lock), and a call never fails: a missing
+ * sizes with FontPointsToPixels. Text is code points (UTF-32: an FString's surrogate pairs joined,
+ * see UE::Core::Private::ToCodePoints); '\n' starts a new line. Every call is thread-safe (one lock), and a call never fails: a missing
  * font falls back to the default, a character no font has draws as the font's missing-glyph box,
  * and with no font installed at all text measures 0 x 0 and draws nothing.
  */
@@ -49,7 +49,6 @@ public:
 
 	/** Size of the text's box as DrawText lays it out; Size and OutlineSize in pixels. */
 	FTextExtent Measure(std::u32string_view Text, float Size, float OutlineSize = 0.0f, FFontId Font = {});
-	FTextExtent Measure(std::wstring_view Text, float Size, float OutlineSize = 0.0f, FFontId Font = {});
 
 	/**
 	 * Draws the text with its box's top-left corner at (X, Y), blending over Target and writing
@@ -57,7 +56,6 @@ public:
 	 * box plus the shadow offset and is not part of the box.
 	 */
 	FTextExtent DrawText(const FPixelTarget& Target, float X, float Y, std::u32string_view Text, const FTextDrawStyle& Style, const FPixelRect& Clip);
-	FTextExtent DrawText(const FPixelTarget& Target, float X, float Y, std::wstring_view Text, const FTextDrawStyle& Style, const FPixelRect& Clip);
 
 	/** Where later problems (a font that will not open) are reported; empty for none. Called under the lock: it must not call back in. */
 	void SetLogSink(FLogSink Sink);

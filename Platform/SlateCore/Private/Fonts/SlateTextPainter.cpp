@@ -1,5 +1,6 @@
 #include "Fonts/SlateTextPainter.h"
 
+#include "Containers/StringConv.h"
 #include "Fonts/FontRasterizer.h"
 #include "Fonts/FontUnits.h"
 #include "Fonts/SlateFontInfo.h"
@@ -44,6 +45,6 @@ FVector2D FSlateTextPainter::Draw(const FSlateTextCanvas& Canvas, const FVector2
 	const FPixelTarget Target{Canvas.Pixels, Canvas.Width, Canvas.Height, Canvas.Stride};
 	const FPixelRect Clip{Canvas.ClipLeft, Canvas.ClipTop, Canvas.ClipRight, Canvas.ClipBottom};
 	const FTextExtent Extent = Rasterizer.DrawText(Target, static_cast<float>(Position.X), static_cast<float>(Position.Y),
-		std::wstring_view(*Text, Text.Len()), Style, Clip);
+		UE::Core::Private::ToCodePoints(*Text, Text.Len()), Style, Clip);
 	return FVector2D(Extent.Width, Extent.Height);
 }
