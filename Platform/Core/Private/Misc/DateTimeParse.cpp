@@ -57,6 +57,23 @@ namespace
 		OutTicks = bNegative ? -Ticks : Ticks;
 		return true;
 	}
+
+	// A field read as FCString::Atoi reads it cut out of the text, so that it cannot run on into
+	// the next field; a field of ordinary length is cut into a buffer on the stack.
+	int32 ReadField(const FString& Text, int32 Start, int32 Length)
+	{
+		TCHAR Buffer[32];
+		if (Length >= static_cast<int32>(UE_ARRAY_COUNT(Buffer)))
+		{
+			return FCString::Atoi(*Text.Mid(Start, Length));
+		}
+		for (int32 Index = 0; Index < Length; ++Index)
+		{
+			Buffer[Index] = Text[Start + Index];
+		}
+		Buffer[Length] = 0;
+		return FCString::Atoi(Buffer);
+	}
 }
 
 bool FDateTime::Parse(const FString& DateTimeString, FDateTime& OutDateTime)
@@ -67,7 +84,8 @@ bool FDateTime::Parse(const FString& DateTimeString, FDateTime& OutDateTime)
 	// "2024-03-05 09:07:00" too, and a seventh field of "5" is 5 ms, not 500.
 	const TCHAR* Text = *DateTimeString;
 	const int32 Length = DateTimeString.Len();
-	TArray<FString> Fields;
+	int32 Values[7] = {};
+	int32 NumFields = 0;
 	int32 FieldStart = 0;
 	for (int32 Index = 0; Index <= Length; ++Index)
 	{
@@ -78,18 +96,17 @@ bool FDateTime::Parse(const FString& DateTimeString, FDateTime& OutDateTime)
 		}
 		if (Index > FieldStart)
 		{
-			Fields.Add(DateTimeString.Mid(FieldStart, Index - FieldStart));
+			if (NumFields == 7)
+			{
+				return false;
+			}
+			Values[NumFields++] = ReadField(DateTimeString, FieldStart, Index - FieldStart);
 		}
 		FieldStart = Index + 1;
 	}
-	if (Fields.Num() < 6 || Fields.Num() > 7)
+	if (NumFields < 6)
 	{
 		return false;
-	}
-	int32 Values[7] = {};
-	for (int32 Field = 0; Field < Fields.Num(); ++Field)
-	{
-		Values[Field] = FCString::Atoi(*Fields[Field]);
 	}
 	if (!Validate(Values[0], Values[1], Values[2], Values[3], Values[4], Values[5], Values[6]))
 	{

@@ -169,7 +169,9 @@ bool FTimespan::Parse(const FString& TimespanString, FTimespan& OutTimespan)
 		int32 Start = 0;
 		int32 Len = 0;
 	};
-	TArray<FField> Fields;
+	// One more place than fields: a sixth piece means too many, whatever else the text holds.
+	FField Fields[FieldCount + 1];
+	int32 NumFields = 0;
 	bool bHasFraction = false;
 	int32 PieceStart = 0;
 	for (int32 Index = 0; Index <= Length; ++Index)
@@ -188,22 +190,27 @@ bool FTimespan::Parse(const FString& TimespanString, FTimespan& OutTimespan)
 		// Empty pieces (doubled or leading separators) are dropped.
 		if (Index > PieceStart)
 		{
-			Fields.Add({PieceStart, Index - PieceStart});
+			if (NumFields > FieldCount)
+			{
+				return false;
+			}
+			Fields[NumFields++] = {PieceStart, Index - PieceStart};
 		}
 		PieceStart = Index + 1;
 	}
-	if (!bHasFraction)
+	if (!bHasFraction && NumFields <= FieldCount)
 	{
-		Fields.Add({});
+		Fields[NumFields++] = {};
 	}
-	if (Fields.Num() > FieldCount)
+	if (NumFields > FieldCount)
 	{
 		return false;
 	}
 	// Missing leading fields are zero.
-	while (Fields.Num() < FieldCount)
+	const int32 Missing = FieldCount - NumFields;
+	for (int32 Field = FieldCount - 1; Field >= 0; --Field)
 	{
-		Fields.Insert(FField(), 0);
+		Fields[Field] = Field >= Missing ? Fields[Field - Missing] : FField();
 	}
 
 	// Days, hours, minutes and seconds; a value too long to matter saturates and then fails the

@@ -434,6 +434,11 @@ uint32 GetTypeHash(const FString& String)
 	return UE::Core::Private::HashIgnoringCase(*String, String.Len());
 }
 
+uint32 UE::Core::Private::HashIgnoringCaseOf(const TCHAR* Chars, int32 Count)
+{
+	return HashIgnoringCase(Chars, Count);
+}
+
 std::ostream& operator<<(std::ostream& Stream, const FString& String)
 {
 	std::string Utf8;

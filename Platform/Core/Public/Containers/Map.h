@@ -98,6 +98,12 @@ public:
 		const uint32 KeyHash = KeyFuncs::GetKeyHash(Pair.Key);
 		return Pairs[Pairs.EmplaceByHash(KeyHash, MoveTemp(Pair))].Value;
 	}
+	/** As Add, with the hash of Key known already: it must be the one GetTypeHash(Key) gives. */
+	template<class KeyArg, class ValueArg>
+	ValueType& AddByHash(uint32 KeyHash, KeyArg&& Key, ValueArg&& Value)
+	{
+		return Pairs[Pairs.EmplaceByHash(KeyHash, ElementType(Forward<KeyArg>(Key), Forward<ValueArg>(Value)))].Value;
+	}
 	/** Key's value, adding a default-constructed one first if Key is absent. */
 	ValueType& FindOrAdd(const KeyType& Key) { return FindOrAddImpl(Key); }
 	ValueType& FindOrAdd(KeyType&& Key) { return FindOrAddImpl(MoveTemp(Key)); }
@@ -112,6 +118,18 @@ public:
 		return Id.IsValidId() ? &Pairs[Id].Value : nullptr;
 	}
 	const ValueType* Find(KeyInitType Key) const { return const_cast<TMap*>(this)->Find(Key); }
+	/**
+	 * The value of the key that equals Key, or null, with Key's hash known: Key may be of any
+	 * type the keys compare equal to, so looking up needs no key of the map's own type.
+	 */
+	template<class ComparableKey>
+	ValueType* FindByHash(uint32 KeyHash, const ComparableKey& Key)
+	{
+		const FSetElementId Id = Pairs.FindIdByHash(KeyHash, Key);
+		return Id.IsValidId() ? &Pairs[Id].Value : nullptr;
+	}
+	template<class ComparableKey>
+	const ValueType* FindByHash(uint32 KeyHash, const ComparableKey& Key) const { return const_cast<TMap*>(this)->FindByHash(KeyHash, Key); }
 	/** Key's value; Key must be there. */
 	ValueType& FindChecked(KeyInitType Key)
 	{

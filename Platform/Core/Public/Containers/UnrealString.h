@@ -302,6 +302,14 @@ private:
 CORE_API uint32 GetTypeHash(const FString& String);
 
 #if PLAIN_PLATFORM_INTERNALS
+namespace UE::Core::Private
+{
+	/** The stand-in's: GetTypeHash of the Count characters at Chars, as if they were an FString. */
+	CORE_API uint32 HashIgnoringCaseOf(const TCHAR* Chars, int32 Count);
+}
+#endif
+
+#if PLAIN_PLATFORM_INTERNALS
 /** The stand-in's, for its tests and programs: the text written to a narrow stream as UTF-8. */
 CORE_API std::ostream& operator<<(std::ostream& Stream, const FString& String);
 #endif

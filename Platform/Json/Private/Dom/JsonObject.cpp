@@ -7,24 +7,42 @@
 
 namespace
 {
+	// A field name looked up where it stands: the map's keys compare equal to it ignoring case, as
+	// they do to each other, so a lookup needs no FString of its own.
+	struct FFieldNameView
+	{
+		FStringView Name;
+
+		friend bool operator==(const FString& Key, const FFieldNameView& View)
+		{
+			return Key.Len() == View.Name.Len() && FCString::Strnicmp(*Key, View.Name.GetData(), static_cast<SIZE_T>(Key.Len())) == 0;
+		}
+	};
+
 	template<class NumberType>
-	bool TryGetNumberOf(const FJsonObject& Object, const FString& FieldName, NumberType& OutNumber)
+	bool TryGetNumberOf(const FJsonObject& Object, FStringView FieldName, NumberType& OutNumber)
 	{
 		const TSharedPtr<FJsonValue> Field = Object.TryGetField(FieldName);
 		return Field.IsValid() && Field->TryGetNumber(OutNumber);
 	}
 }
 
-TSharedPtr<FJsonValue> FJsonObject::GetFieldOfType(const FString& FieldName, EJson JsonType) const
+const TSharedPtr<FJsonValue>* FJsonObject::FindField(FStringView FieldName) const
 {
-	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	const uint32 Hash = UE::Core::Private::HashIgnoringCaseOf(FieldName.GetData(), FieldName.Len());
+	return Values.FindByHash(Hash, FFieldNameView{FieldName});
+}
+
+TSharedPtr<FJsonValue> FJsonObject::GetFieldOfType(FStringView FieldName, EJson JsonType) const
+{
+	const TSharedPtr<FJsonValue>* Field = FindField(FieldName);
 	if (Field == nullptr || !Field->IsValid())
 	{
-		UE_LOG(LogJson, Warning, TEXT("Field %s was not found."), *FieldName);
+		UE_LOG(LogJson, Warning, TEXT("Field %s was not found."), *FString(FieldName));
 	}
 	else if (JsonType != EJson::None && (*Field)->Type != JsonType)
 	{
-		UE_LOG(LogJson, Warning, TEXT("Field %s is of the wrong type."), *FieldName);
+		UE_LOG(LogJson, Warning, TEXT("Field %s is of the wrong type."), *FString(FieldName));
 	}
 	else
 	{
@@ -34,29 +52,27 @@ TSharedPtr<FJsonValue> FJsonObject::GetFieldOfType(const FString& FieldName, EJs
 	return TSharedPtr<FJsonValue>(MakeShared<FJsonValueNull>());
 }
 
-const TSharedPtr<FJsonValue>* FJsonObject::FindFieldOfType(const FString& FieldName, EJson JsonType) const
+const TSharedPtr<FJsonValue>* FJsonObject::FindFieldOfType(FStringView FieldName, EJson JsonType) const
 {
-	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	const TSharedPtr<FJsonValue>* Field = FindField(FieldName);
 	return Field != nullptr && Field->IsValid() && (JsonType == EJson::None || (*Field)->Type == JsonType) ? Field : nullptr;
 }
 
-bool FJsonObject::HasFieldOfType(const FString& FieldName, EJson JsonType) const
+bool FJsonObject::HasFieldOfType(FStringView FieldName, EJson JsonType) const
 {
-	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	const TSharedPtr<FJsonValue>* Field = FindField(FieldName);
 	return Field != nullptr && Field->IsValid() && (*Field)->Type == JsonType;
 }
 
-TSharedPtr<FJsonValue> FJsonObject::TryGetField(FStringView InFieldName) const
+TSharedPtr<FJsonValue> FJsonObject::TryGetField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
-	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	const TSharedPtr<FJsonValue>* Field = FindField(FieldName);
 	return Field != nullptr ? *Field : TSharedPtr<FJsonValue>();
 }
 
-bool FJsonObject::HasField(FStringView InFieldName) const
+bool FJsonObject::HasField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
-	const TSharedPtr<FJsonValue>* Field = Values.Find(FieldName);
+	const TSharedPtr<FJsonValue>* Field = FindField(FieldName);
 	return Field != nullptr && Field->IsValid();
 }
 
@@ -65,24 +81,21 @@ void FJsonObject::SetField(const FString& FieldName, const TSharedPtr<FJsonValue
 	Values.Add(FieldName, Value);
 }
 
-void FJsonObject::RemoveField(FStringView InFieldName)
+void FJsonObject::RemoveField(FStringView FieldName)
 {
-	const FString FieldName(InFieldName);
-	Values.Remove(FieldName);
+	Values.Remove(FString(FieldName));
 }
 
 // The getters read a present field in place; only a missing or mistyped one goes through
 // GetFieldOfType, for its warning and the Null value's error.
-double FJsonObject::GetNumberField(FStringView InFieldName) const
+double FJsonObject::GetNumberField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
 	return Field ? (*Field)->AsNumber() : GetFieldOfType(FieldName, EJson::None)->AsNumber();
 }
 
-int32 FJsonObject::GetIntegerField(FStringView InFieldName) const
+int32 FJsonObject::GetIntegerField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	const double Number = GetNumberField(FieldName);
 	if (std::isnan(Number))
 	{
@@ -94,86 +107,73 @@ int32 FJsonObject::GetIntegerField(FStringView InFieldName) const
 	return static_cast<int32>(Number < Lowest ? Lowest : (Number > Highest ? Highest : Number));
 }
 
-FString FJsonObject::GetStringField(FStringView InFieldName) const
+FString FJsonObject::GetStringField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue>* Field = FindFieldOfType(FieldName, EJson::None);
 	return Field ? (*Field)->AsString() : GetFieldOfType(FieldName, EJson::None)->AsString();
 }
 
-bool FJsonObject::GetBoolField(FStringView InFieldName) const
+bool FJsonObject::GetBoolField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	return GetFieldOfType(FieldName, EJson::None)->AsBool();
 }
 
-const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(FStringView InFieldName) const
+const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	// The array lives in the field's value, which Values keeps alive after the temporary goes.
 	return GetFieldOfType(FieldName, EJson::Array)->AsArray();
 }
 
-const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(FStringView InFieldName) const
+const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(FStringView FieldName) const
 {
-	const FString FieldName(InFieldName);
 	return GetFieldOfType(FieldName, EJson::Object)->AsObject();
 }
 
-bool FJsonObject::TryGetNumberField(FStringView InFieldName, double& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView FieldName, double& OutNumber) const
 {
-	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(FStringView InFieldName, float& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView FieldName, float& OutNumber) const
 {
-	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(FStringView InFieldName, int32& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView FieldName, int32& OutNumber) const
 {
-	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(FStringView InFieldName, int64& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView FieldName, int64& OutNumber) const
 {
-	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetNumberField(FStringView InFieldName, uint32& OutNumber) const
+bool FJsonObject::TryGetNumberField(FStringView FieldName, uint32& OutNumber) const
 {
-	const FString FieldName(InFieldName);
 	return TryGetNumberOf(*this, FieldName, OutNumber);
 }
 
-bool FJsonObject::TryGetStringField(FStringView InFieldName, FString& OutString) const
+bool FJsonObject::TryGetStringField(FStringView FieldName, FString& OutString) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetString(OutString);
 }
 
-bool FJsonObject::TryGetBoolField(FStringView InFieldName, bool& OutBool) const
+bool FJsonObject::TryGetBoolField(FStringView FieldName, bool& OutBool) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetBool(OutBool);
 }
 
-bool FJsonObject::TryGetArrayField(FStringView InFieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
+bool FJsonObject::TryGetArrayField(FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetArray(OutArray);
 }
 
-bool FJsonObject::TryGetObjectField(FStringView InFieldName, const TSharedPtr<FJsonObject>*& OutObject) const
+bool FJsonObject::TryGetObjectField(FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const
 {
-	const FString FieldName(InFieldName);
 	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 	return Field.IsValid() && Field->TryGetObject(OutObject);
 }

@@ -6,7 +6,9 @@
 #include "CoreMinimal.h"
 #include "Dom/JsonObject.h"
 #include "Dom/JsonValue.h"
+#include "Dom/JsonNodeMemory.h"
 #include "Serialization/JsonNumberText.h"
+#include "Serialization/JsonStringPool.h"
 #include "Serialization/JsonTextStream.h"
 
 #include <rapidjson/reader.h>
@@ -33,11 +35,25 @@ namespace UE::Json::Private
 		}
 		bool String(const TCHAR*, rapidjson::SizeType Length, bool bCopy)
 		{
-			return Add(NewShared<FJsonValue, FJsonValueString>(FString(static_cast<int32>(Length), Scratch.Chars())));
+			const int32 Count = static_cast<int32>(Length);
+			FString Text = Texts.Takes(Count) ? Texts.Find(Scratch.Chars(), Count).Text : FString(Count, Scratch.Chars());
+			return Add(NewShared<FJsonValue, FJsonValueString>(MoveTemp(Text)));
 		}
 		bool Key(const TCHAR*, rapidjson::SizeType Length, bool bCopy)
 		{
-			Frames[Depth - 1].Key = FString(static_cast<int32>(Length), Scratch.Chars());
+			const int32 Count = static_cast<int32>(Length);
+			FFrame& Frame = Frames[Depth - 1];
+			if (Names.Takes(Count))
+			{
+				const FStringPool::FPooled& Name = Names.Find(Scratch.Chars(), Count);
+				Frame.Key = Name.Text;
+				Frame.KeyHash = Name.MapHash;
+			}
+			else
+			{
+				Frame.Key = FString(Count, Scratch.Chars());
+				Frame.KeyHash = GetTypeHash(Frame.Key);
+			}
 			return true;
 		}
 		bool StartObject()
@@ -66,12 +82,13 @@ namespace UE::Json::Private
 
 	private:
 		// A new object held as TSharedPtr<Base>, made the way MakeShared makes it (object and count
-		// in one allocation) but handed over without the two count updates that converting a
-		// TSharedRef costs: a document has one value per field, so they add up.
+		// in one node) but cut from the document's node chunks, and handed over without the two
+		// count updates that converting a TSharedRef costs: a document has one value per field.
 		template<class Base, class Type, class... ArgTypes>
 		static TSharedPtr<Base> NewShared(ArgTypes&&... Args)
 		{
-			return UE::Core::Private::FSharedAccess::Wrap<TSharedPtr<Base>>(std::shared_ptr<Base>(std::make_shared<Type>(Forward<ArgTypes>(Args)...)));
+			return UE::Core::Private::FSharedAccess::Wrap<TSharedPtr<Base>>(
+				std::shared_ptr<Base>(std::allocate_shared<Type>(TNodeAllocator<Type>(), Forward<ArgTypes>(Args)...)));
 		}
 
 		// One open container: an object (with the key of the value being read) or an array.
@@ -80,6 +97,8 @@ namespace UE::Json::Private
 			TSharedPtr<FJsonObject> Object;
 			TArray<TSharedPtr<FJsonValue>> Array;
 			FString Key;
+			// Key's hash in the object's map, known from the pool.
+			uint32 KeyHash = 0;
 		};
 
 		bool Open()
@@ -107,7 +126,7 @@ namespace UE::Json::Private
 			FFrame& Frame = Frames[Depth - 1];
 			if (Frame.Object.IsValid())
 			{
-				Frame.Object->Values.Add(MoveTemp(Frame.Key), MoveTemp(Value));
+				Frame.Object->Values.AddByHash(Frame.KeyHash, MoveTemp(Frame.Key), MoveTemp(Value));
 			}
 			else
 			{
@@ -118,6 +137,10 @@ namespace UE::Json::Private
 
 		// The stream's scratch, holding the string being reported.
 		const FStringScratch& Scratch;
+		// Field names: a few dozen distinct ones make up nearly every document.
+		FStringPool Names{64, 64};
+		// Short texts, which repeat more often than not in a comment document.
+		FStringPool Texts{1024, 24};
 		// Containers nested deeper than this are refused.
 		int32 MaxDepth;
 		// The open containers, outermost first; kept between uses so their storage is reused.

@@ -25,7 +25,7 @@ public:
 	template<EJson JsonType>
 	TSharedPtr<FJsonValue> GetField(FStringView FieldName) const
 	{
-		return GetFieldOfType(FString(FieldName), JsonType);
+		return GetFieldOfType(FieldName, JsonType);
 	}
 
 	/** The field, or an invalid pointer when there is none; never logs. */
@@ -35,7 +35,7 @@ public:
 	template<EJson JsonType>
 	bool HasTypedField(FStringView FieldName) const
 	{
-		return HasFieldOfType(FString(FieldName), JsonType);
+		return HasFieldOfType(FieldName, JsonType);
 	}
 
 	void SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value);
@@ -68,8 +68,10 @@ public:
 	void SetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>& JsonObject);
 
 private:
-	TSharedPtr<FJsonValue> GetFieldOfType(const FString& FieldName, EJson JsonType) const;
+	TSharedPtr<FJsonValue> GetFieldOfType(FStringView FieldName, EJson JsonType) const;
 	/** The field if it exists and is of JsonType (None: any kind), else null; never logs, never copies. */
-	const TSharedPtr<FJsonValue>* FindFieldOfType(const FString& FieldName, EJson JsonType) const;
-	bool HasFieldOfType(const FString& FieldName, EJson JsonType) const;
+	const TSharedPtr<FJsonValue>* FindFieldOfType(FStringView FieldName, EJson JsonType) const;
+	bool HasFieldOfType(FStringView FieldName, EJson JsonType) const;
+	/** The field's entry, or null; looked up without making an FString of the name. */
+	const TSharedPtr<FJsonValue>* FindField(FStringView FieldName) const;
 };
