@@ -1,6 +1,7 @@
 // FString, FCString, UTF-8 conversion, FName and FText.
 
 #include "Containers/Array.h"
+#include "Containers/Map.h"
 #include "Containers/StringConv.h"
 #include "Containers/UnrealString.h"
 #include "Internationalization/Text.h"
@@ -211,6 +212,7 @@ TEST(CString, NumberParsersReadTheLongestPrefixAndNeverOverflow)
 TEST(StringConv, Utf8RoundTripsAndReplacesMalformedBytes)
 {
 	const FString Mixed(TEXT("héllo 中文 😀"));
+	EXPECT_EQ(Mixed.Len(), 11) << "the emoji is a surrogate pair";
 	const FTCHARToUTF8 Utf8(*Mixed);
 	EXPECT_EQ(Utf8.Length(), 18);
 	EXPECT_TRUE(FString(Utf8.Get()).Equals(Mixed));
@@ -228,6 +230,84 @@ TEST(StringConv, Utf8RoundTripsAndReplacesMalformedBytes)
 
 	const TCHAR LoneSurrogate[] = {'x', 0xD800, 0};
 	EXPECT_STREQ(FTCHARToUTF8(LoneSurrogate).Get(), "x\xEF\xBF\xBD");
+}
+
+TEST(StringUnicode, CaseFoldsBeyondAsciiAndKeepsSurrogatePairsWhole)
+{
+	const FString Upper(TEXT("ΑΒΓ ПРИВЕТ ÄÖÜ 😂学"));
+	const FString Lower(TEXT("αβγ привет äöü 😂学"));
+	EXPECT_TRUE(Upper == Lower);
+	EXPECT_FALSE(Upper.Equals(Lower));
+	EXPECT_EQ(Upper.Compare(Lower, ESearchCase::IgnoreCase), 0);
+	EXPECT_EQ(GetTypeHash(Upper), GetTypeHash(Lower));
+	EXPECT_TRUE(Upper.ToLower().Equals(Lower)) << "the pair passes through case mapping untouched";
+	EXPECT_EQ(Upper.Find(TEXT("привет")), 4);
+	EXPECT_EQ(Lower.Find(TEXT("学")), 17);
+
+	TMap<FString, int32> ByName;
+	ByName.Add(Upper, 1);
+	ASSERT_NE(ByName.Find(Lower), nullptr);
+
+	// A code point beyond U+FFFF printed with %c becomes its pair.
+	EXPECT_TRUE(FString::Printf(TEXT("[%c]"), U'😂').Equals(TEXT("[😂]")));
+}
+
+TEST(StringSharing, CopiesShareTheirTextUntilOneChangesAndNoWriteReachesAnother)
+{
+	const FString Original(TEXT("Hello"));
+	FString Appended = Original;
+	Appended += TEXT("!");
+	FString Upper = Original;
+	Upper.ToUpperInline();
+	FString Emptied = Original;
+	Emptied.Reset();
+	FString Cut = Original;
+	Cut.RemoveAt(0, 2);
+	EXPECT_TRUE(Original.Equals(TEXT("Hello")));
+	EXPECT_TRUE(Appended.Equals(TEXT("Hello!")));
+	EXPECT_TRUE(Upper.Equals(TEXT("HELLO")));
+	EXPECT_TRUE(Emptied.IsEmpty());
+	EXPECT_TRUE(Cut.Equals(TEXT("llo")));
+
+	// A writable reference taken before a copy is made must not write into the copy.
+	FString Written(TEXT("Hello"));
+	TCHAR& First = Written[0];
+	const FString Copy = Written;
+	First = 'J';
+	EXPECT_TRUE(Written.Equals(TEXT("Jello")));
+	EXPECT_TRUE(Copy.Equals(TEXT("Hello")));
+
+	// Text appended or inserted from itself, whose storage the change may move.
+	FString Doubled(TEXT("ab"));
+	Doubled.Append(Doubled);
+	Doubled.InsertAt(1, Doubled);
+	EXPECT_TRUE(Doubled.Equals(TEXT("aababbab")));
+	FString Tail(TEXT("xyz"));
+	Tail.Append(*Tail + 1, 2);
+	EXPECT_TRUE(Tail.Equals(TEXT("xyzyz")));
+
+	// Copies released on other threads while this one keeps changing its own.
+	FString Shared(TEXT("shared text"));
+	std::vector<std::thread> Threads;
+	for (int32 Thread = 0; Thread < 4; ++Thread)
+	{
+		Threads.emplace_back([Shared] {
+			for (int32 Round = 0; Round < 10000; ++Round)
+			{
+				FString Local = Shared;
+				Local.AppendChar('!');
+			}
+		});
+	}
+	for (int32 Round = 0; Round < 10000; ++Round)
+	{
+		FString Local = Shared;
+	}
+	for (std::thread& Thread : Threads)
+	{
+		Thread.join();
+	}
+	EXPECT_TRUE(Shared.Equals(TEXT("shared text")));
 }
 
 TEST(Name, InternsIgnoringCaseAndKeepsTheFirstCasing)

@@ -30,7 +30,8 @@ TEST_F(FSaveSlots, RoundTripKeepsEveryNonTransientPropertyKind)
 	Saved->SpeedScale = 1.0 / 3.0;
 	Saved->bIsOpened = false;
 	Saved->Big = -9007199254740993LL; // not representable as a JSON double
-	Saved->Title = TEXT("Lesson \"1\" \u5f39\u5e55\n");
+	// Characters beyond U+FFFF are surrogate pairs in an FString and must come back whole.
+	Saved->Title = TEXT("Lesson \"1\" \u5f39\u5e55 😂 𠀀\n");
 	Saved->Tag = FName(TEXT("Chapter"));
 	Saved->Speed = ESaveTestSpeed::Fast;
 	Saved->Numbers = {3, -1, 4};
@@ -58,6 +59,13 @@ TEST_F(FSaveSlots, RoundTripKeepsEveryNonTransientPropertyKind)
 	EXPECT_EQ(Loaded->Tint, FLinearColor(0.25f, 0.5f, 0.75f, 0.1f));
 	EXPECT_EQ(Loaded->NotSaved, 7) << "transient properties are not written";
 	EXPECT_EQ(CountAllWarnings(), 0);
+
+	// A slot named in Chinese (with an emoji) is a file named in UTF-8.
+	ASSERT_TRUE(UGameplayStatics::SaveGameToSlot(Saved, TEXT("弹幕设置😂"), 0));
+	EXPECT_TRUE(std::filesystem::exists(Path("Saved/SaveGames/弹幕设置😂.sav")));
+	const USaveTestSettings* Named = Cast<USaveTestSettings>(UGameplayStatics::LoadGameFromSlot(TEXT("弹幕设置😂"), 0));
+	ASSERT_NE(Named, nullptr);
+	EXPECT_TRUE(Named->Title.Equals(Saved->Title));
 
 	EXPECT_TRUE(UGameplayStatics::DeleteGameInSlot(TEXT("BULLETCHAT_SGSLOT"), 0));
 	EXPECT_FALSE(UGameplayStatics::DoesSaveGameExist(TEXT("BULLETCHAT_SGSLOT"), 0));

@@ -246,6 +246,26 @@ TEST(MediaPlayback, PlaysOverHttpFromALoopbackServer)
 	Run.Player->Close();
 }
 
+TEST(MediaPlayback, ALessonNamedInChineseOpensByFileAndByUrl)
+{
+	// The name reaches the file system and FFmpeg as UTF-8, however FString holds it.
+	const std::filesystem::path Dir = std::filesystem::temp_directory_path() / ("plain-媒体-" + std::to_string(::getpid()));
+	std::filesystem::create_directories(Dir);
+	const std::filesystem::path Named = Dir / "第一课 😂.mp4";
+	std::filesystem::copy_file(Lesson, Named, std::filesystem::copy_options::overwrite_existing);
+	const FString Path = UTF8_TO_TCHAR(Named.string().c_str());
+	EXPECT_EQ(Path.Right(10), TEXT("第一课 😂.mp4"));
+	for (const bool bByUrl : {false, true})
+	{
+		FPlayback Run;
+		ASSERT_TRUE(bByUrl ? Run.Player->OpenUrl(TEXT("file://") + Path) : Run.Player->OpenFile(Path));
+		ASSERT_TRUE(Run.WaitFor(TEXT("Opened"))) << (bByUrl ? "by URL" : "by file");
+		EXPECT_NEAR(Run.Player->GetDuration().GetTotalSeconds(), 4.0, 0.05);
+		Run.Player->Close();
+	}
+	std::filesystem::remove_all(Dir);
+}
+
 TEST(MediaPlayback, EachBadInputFailsWithOneLogLineAndEndsClosed)
 {
 	const std::filesystem::path Dir = std::filesystem::temp_directory_path() / ("media-bad-" + std::to_string(::getpid()));

@@ -2,6 +2,8 @@
 #include "Containers/UnrealString.h"
 #include "Fonts/FontRasterizer.h"
 #include "Fonts/FontUnits.h"
+#include "Fonts/SlateFontInfo.h"
+#include "Fonts/SlateTextPainter.h"
 
 #include <gtest/gtest.h>
 
@@ -214,6 +216,24 @@ TEST(FontDraw, ChangesPixelsOnlyInsideTheBoxAndTheClip)
 	FTestImage Edge(40, 20);
 	Rasterizer.DrawText(Edge.Target(), -15, -10, Text, WhiteText(24), {-100, -100, 1000, 1000});
 	EXPECT_GT(Edge.Covered(), 0);
+}
+
+TEST(FontDraw, AnFStringsSurrogatePairsDrawAsTheCharactersTheyEncode)
+{
+	// The engine's road (an FString of UTF-16, a font in points) against the characters themselves:
+	// a pair split into halves would draw two missing-glyph boxes instead of one emoji.
+	FTestImage Painted(200, 40);
+	FSlateFontInfo Font;
+	Font.Size = 12.0f;
+	FSlateTextLook Look;
+	Look.Font = &Font;
+	const FSlateTextCanvas Canvas{Painted.Pixels.data(), Painted.Width, Painted.Height, Painted.Width * 4, 0, 0, Painted.Width, Painted.Height};
+	FSlateTextPainter::Get().Draw(Canvas, FVector2D(4.0, 4.0), FString(TEXT("学习 😂 𠀀")), Look);
+
+	FTestImage Direct(200, 40);
+	FFontRasterizer::Get().DrawText(Direct.Target(), 4, 4, U"学习 😂 𠀀", WhiteText(FontPointsToPixels(12.0f)), Direct.Bounds());
+	EXPECT_GT(Direct.Covered(), 100);
+	EXPECT_TRUE(Painted.Pixels == Direct.Pixels);
 }
 
 TEST(FontDraw, OutlineAndShadowCoverMoreAndOpacityZeroDrawsNothing)

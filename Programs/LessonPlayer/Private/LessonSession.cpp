@@ -200,8 +200,10 @@ void FLessonSession::ReadCommentDocument()
 		Tell(FString::Printf(TEXT("%s: cannot be read; playing without comments"), *Options.CommentsPath));
 		return;
 	}
+	// Checked here, where a bad document can still be named; read in place, as a large one is not
+	// worth a second copy. The tree goes at once: the overlay reads the text again when it starts.
 	TSharedPtr<FJsonObject> Root;
-	if (!FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(Text), Root) || !Root.IsValid())
+	if (!FJsonSerializer::Deserialize(TJsonReaderFactory<>::CreateFromView(Text), Root) || !Root.IsValid())
 	{
 		Tell(FString::Printf(TEXT("%s: not a JSON document; playing without comments"), *Options.CommentsPath));
 		return;

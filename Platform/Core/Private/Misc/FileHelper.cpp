@@ -29,7 +29,12 @@ namespace
 		{
 			return false;
 		}
-		OutBytes.assign(std::istreambuf_iterator<char>(Stream), std::istreambuf_iterator<char>());
+		// One read of the size the file has: a large document is not grown into a buffer twice
+		// its size. A file that changes meanwhile gives what could be read.
+		const std::uintmax_t Size = fs::file_size(Path, Error);
+		OutBytes.resize(Error ? 0 : static_cast<SIZE_T>(Size));
+		Stream.read(OutBytes.data(), static_cast<std::streamsize>(OutBytes.size()));
+		OutBytes.resize(static_cast<SIZE_T>(Stream.gcount()));
 		return !Stream.bad();
 	}
 

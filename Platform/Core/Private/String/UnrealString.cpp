@@ -141,14 +141,11 @@ FString FString::FromUTF8(const ANSICHAR* Bytes, int32 Len)
 	FString Result;
 	if (Bytes && Len > 0)
 	{
-		// A byte never decodes to more than one code unit, so Len units always suffice.
-		TCHAR* Chars = Result.Unshare(Len);
+		// Counted first, so that a large document of three-byte characters (CJK) takes exactly the
+		// room it needs and not one unit per byte.
+		const int32 Units = UE::Core::Private::CountUtf8AsTchars(Bytes, static_cast<SIZE_T>(Len));
+		TCHAR* Chars = Result.Unshare(Units);
 		Result.SetLength(UE::Core::Private::DecodeUtf8(Bytes, static_cast<SIZE_T>(Len), Chars));
-		// Text of three-byte characters (CJK) needs a third of the room guessed: give it back.
-		if (Result.Block->Capacity - Result.Block->Length > Result.Block->Length / 4 + 16)
-		{
-			Result.Shrink();
-		}
 	}
 	return Result;
 }

@@ -24,17 +24,40 @@ namespace UE::Core::Private
 		}
 	}
 
+	template<bool bWrite>
+	int32 Decode(const char* Bytes, SIZE_T Length, TCHAR* Out);
+
 	int32 DecodeUtf8(const char* Bytes, SIZE_T Length, TCHAR* Out)
 	{
+		return Decode<true>(Bytes, Length, Out);
+	}
+
+	int32 CountUtf8AsTchars(const char* Bytes, SIZE_T Length)
+	{
+		return Decode<false>(Bytes, Length, nullptr);
+	}
+
+	template<bool bWrite>
+	int32 Decode(const char* Bytes, SIZE_T Length, TCHAR* Out)
+	{
 		const unsigned char* In = reinterpret_cast<const unsigned char*>(Bytes);
-		TCHAR* const Start = Out;
+		int32 Written = 0;
+		// Counting runs the same decoder as writing, so the count is exact for any input.
+		const auto Put = [&Out, &Written](TCHAR Unit)
+		{
+			if constexpr (bWrite)
+			{
+				*Out++ = Unit;
+			}
+			++Written;
+		};
 		SIZE_T Index = 0;
 		while (Index < Length)
 		{
 			const unsigned char Lead = In[Index];
 			if (Lead < 0x80)
 			{
-				*Out++ = static_cast<TCHAR>(Lead);
+				Put(static_cast<TCHAR>(Lead));
 				++Index;
 				continue;
 			}
@@ -57,7 +80,7 @@ namespace UE::Core::Private
 			}
 			else
 			{
-				*Out++ = ReplacementChar;
+				Put(ReplacementChar);
 				++Index;
 				continue;
 			}
@@ -77,21 +100,21 @@ namespace UE::Core::Private
 			// as the start of what follows.
 			if (!bValid)
 			{
-				*Out++ = ReplacementChar;
+				Put(ReplacementChar);
 			}
 			else if (Code < 0x10000)
 			{
-				*Out++ = static_cast<TCHAR>(Code);
+				Put(static_cast<TCHAR>(Code));
 			}
 			else
 			{
 				Code -= 0x10000;
-				*Out++ = static_cast<TCHAR>(0xD800 + (Code >> 10));
-				*Out++ = static_cast<TCHAR>(0xDC00 + (Code & 0x3FF));
+				Put(static_cast<TCHAR>(0xD800 + (Code >> 10)));
+				Put(static_cast<TCHAR>(0xDC00 + (Code & 0x3FF)));
 			}
 			Index = Next;
 		}
-		return static_cast<int32>(Out - Start);
+		return Written;
 	}
 
 	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length)

@@ -21,6 +21,9 @@ namespace UE::Core::Private
 	 */
 	int32 DecodeUtf8(const char* Bytes, SIZE_T Length, TCHAR* Out);
 
+	/** How many code units DecodeUtf8 makes of Length bytes, without writing them. */
+	int32 CountUtf8AsTchars(const char* Bytes, SIZE_T Length);
+
 	/** Appends Chars as UTF-8; a surrogate pair is one character, a lone surrogate is written as U+FFFD. */
 	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length);
 }
