@@ -126,7 +126,7 @@ public:
 	}
 	void Remove(FSetElementId Id);
 
-	bool IsValidId(FSetElementId Id) const { return Id.AsInteger() >= 0 && Id.AsInteger() < NumSlots && Slots[Id.AsInteger()].bLive; }
+	bool IsValidId(FSetElementId Id) const { return Id.AsInteger() >= 0 && Id.AsInteger() < NumSlots && Slots[Id.AsInteger()].IsLive(); }
 	ElementType& operator[](FSetElementId Id) { checkf(IsValidId(Id), "Invalid set element id"); return Slots[Id.AsInteger()].Get(); }
 	const ElementType& operator[](FSetElementId Id) const { return (*const_cast<TSet*>(this))[Id]; }
 
@@ -173,10 +173,13 @@ private:
 		alignas(ElementType) unsigned char Storage[sizeof(ElementType)];
 		// The hash of the element's key, kept so growing never hashes again.
 		uint32 Hash;
-		// Next slot in the same bucket's chain, or INDEX_NONE.
+		// Next slot in the same bucket's chain, or INDEX_NONE; FreeSlot when Storage holds no
+		// element (kept in Next rather than in a flag of its own, which would cost every slot
+		// eight bytes of padding).
 		int32 Next;
-		// Whether Storage holds an element.
-		bool bLive;
+
+		static constexpr int32 FreeSlot = -2;
+		bool IsLive() const { return Next != FreeSlot; }
 
 		ElementType& Get() { return *std::launder(reinterpret_cast<ElementType*>(Storage)); }
 	};

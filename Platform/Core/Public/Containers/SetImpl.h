@@ -41,7 +41,7 @@ public:
 private:
 	void SkipFree()
 	{
-		while (Index < Set->NumSlots && !Set->Slots[Index].bLive)
+		while (Index < Set->NumSlots && !Set->Slots[Index].IsLive())
 		{
 			++Index;
 		}
@@ -117,8 +117,7 @@ void TSet<ElementType, KeyFuncs, Allocator>::Remove(FSetElementId Id)
 	}
 	*Link = Slots[Index].Next;
 	Slots[Index].Get().~ElementType();
-	Slots[Index].bLive = false;
-	Slots[Index].Next = INDEX_NONE;
+	Slots[Index].Next = FSlot::FreeSlot;
 	if (--NumElements == 0)
 	{
 		// Nothing left to keep in order: start filling from the first slot again.
@@ -153,10 +152,10 @@ void TSet<ElementType, KeyFuncs, Allocator>::Reset()
 {
 	for (int32 Index = 0; Index < NumSlots; ++Index)
 	{
-		if (Slots[Index].bLive)
+		if (Slots[Index].IsLive())
 		{
 			Slots[Index].Get().~ElementType();
-			Slots[Index].bLive = false;
+			Slots[Index].Next = FSlot::FreeSlot;
 		}
 	}
 	NumSlots = NumElements = 0;
@@ -211,7 +210,7 @@ int32 TSet<ElementType, KeyFuncs, Allocator>::AppendNew(uint32 KeyHash, ArgTypes
 	FSlot& Slot = Slots[Index];
 	::new (static_cast<void*>(Slot.Storage)) ElementType(Forward<ArgTypes>(Args)...);
 	Slot.Hash = KeyHash;
-	Slot.bLive = true;
+	Slot.Next = INDEX_NONE;
 	++NumElements;
 	if (NumElements > NumBuckets)
 	{
@@ -235,13 +234,13 @@ void TSet<ElementType, KeyFuncs, Allocator>::Reallocate(int32 NewMaxSlots)
 	for (int32 Index = 0; Index < NumSlots; ++Index)
 	{
 		FSlot& Old = Slots[Index];
-		if (Old.bLive)
+		if (Old.IsLive())
 		{
 			FSlot& New = NewSlots[NewNumSlots++];
 			::new (static_cast<void*>(New.Storage)) ElementType(MoveTemp(Old.Get()));
 			Old.Get().~ElementType();
 			New.Hash = Old.Hash;
-			New.bLive = true;
+			New.Next = INDEX_NONE;
 		}
 	}
 	if (Slots)
@@ -273,7 +272,7 @@ void TSet<ElementType, KeyFuncs, Allocator>::Rehash(int32 NewNumBuckets)
 	std::fill_n(Buckets, NumBuckets, INDEX_NONE);
 	for (int32 Index = 0; Index < NumSlots; ++Index)
 	{
-		if (Slots[Index].bLive)
+		if (Slots[Index].IsLive())
 		{
 			const int32 Bucket = BucketOf(Slots[Index].Hash);
 			Slots[Index].Next = Buckets[Bucket];
@@ -288,7 +287,7 @@ void TSet<ElementType, KeyFuncs, Allocator>::CopyFrom(const TSet& Other)
 	Reserve(Other.NumElements);
 	for (int32 Index = 0; Index < Other.NumSlots; ++Index)
 	{
-		if (Other.Slots[Index].bLive)
+		if (Other.Slots[Index].IsLive())
 		{
 			AppendNew(Other.Slots[Index].Hash, Other.Slots[Index].Get());
 		}
