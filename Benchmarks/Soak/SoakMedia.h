@@ -1,0 +1,18 @@
+#pragma once
+
+// The soak runs' material, made on first use into the build folder: lessons with a tiny picture
+// (decoding is not what a soak measures) and a comment document of the overlay's format.
+
+#include <string>
+
+namespace SoakMedia
+{
+	/**
+	 * A lesson of Seconds with a 64x36 picture at 5 frames a second and a quiet mono sound, at
+	 * Path; kept when it is already there. False when the ffmpeg program cannot make it.
+	 */
+	bool MakeLesson(const std::string& Path, int Seconds);
+
+	/** Count comments spread evenly over Seconds of lesson, at Path (rewritten every time). */
+	bool MakeComments(const std::string& Path, int Count, int Seconds);
+}
