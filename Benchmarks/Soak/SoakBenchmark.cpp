@@ -152,10 +152,11 @@ static void BM_SoakLongLessonWithManyComments(benchmark::State& State)
 }
 BENCHMARK(BM_SoakLongLessonWithManyComments)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 
-// Ten lessons in a playlist, each played to its end; a sample as each one starts and at the end.
+// Ten lessons in a playlist, each played to its end; a sample near the end of each, and one after the last.
 static void BM_SoakPlaylistTenTimesOver(benchmark::State& State)
 {
-	if (!SoakMedia::MakeLesson(MediaPath("soak-30s.mp4"), 30) || !SoakMedia::MakeComments(MediaPath("soak-30s-comments.json"), 400, 30))
+	// The comments fly in the first half of each lesson; the samples are taken in the quiet second half.
+	if (!SoakMedia::MakeLesson(MediaPath("soak-30s.mp4"), 30) || !SoakMedia::MakeComments(MediaPath("soak-30s-comments.json"), 400, 30, 30, 12))
 	{
 		State.SkipWithError("the ffmpeg program could not make the soak lesson");
 		return;
@@ -183,8 +184,8 @@ static void BM_SoakPlaylistTenTimesOver(benchmark::State& State)
 		while (!Run.GetSession().IsFinished() && Run.LoopSeconds() < 10 * 40.0)
 		{
 			Run.Frame();
-			// A second into each lesson: opened, playing, its first comments flying.
-			if (Run.GetSession().GetCurrentEntry() != SampledEntry && Run.GetSession().GetMediaPlayer()->GetTime().GetTotalSeconds() >= 1.0)
+			// Near the end of each lesson, when its comments have flown.
+			if (Run.GetSession().GetCurrentEntry() != SampledEntry && Run.GetSession().GetMediaPlayer()->GetTime().GetTotalSeconds() >= 28.0)
 			{
 				SampledEntry = Run.GetSession().GetCurrentEntry();
 				Samples.push_back(Run.Sample());
@@ -192,27 +193,29 @@ static void BM_SoakPlaylistTenTimesOver(benchmark::State& State)
 		}
 		Run.Frames(30);
 		Samples.push_back(Run.Sample());
-		PrintSoakTable("Playlist of ten, a sample a second into each lesson and one after the last", Samples);
-		// The first lesson fills what is made once (the blueprints, the font cache); from the second on nothing may grow.
-		const std::vector<FSoakSample> Settled(Samples.begin() + std::min<size_t>(1, Samples.size()), Samples.end() - 1);
+		PrintSoakTable("Playlist of ten, a sample at 28 s of each lesson and one after the last", Samples);
+		// The first lesson fills what is made once (the font cache, say); from the second on nothing may grow.
+		const std::vector<FSoakSample> Settled(Samples.begin() + std::min<size_t>(1, Samples.size()), Samples.end());
 		ReportSpread(State, Settled);
 		State.counters["lessons"] = static_cast<double>(Samples.size() - 1);
 	}
 }
 BENCHMARK(BM_SoakPlaylistTenTimesOver)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 
-// A hundred times: seek with the viewer's key, pause, resume. Sampled right after the first seek
-// and after every tenth cycle, each time just after a seek has emptied the overlay.
+// A hundred times: seek, pause, resume. The seeks land in turn where comments fly (the first
+// 20 s of a minute) and where none do (the rest), and the samples are taken in the quiet
+// stretches, a second after a seek has emptied the overlay, so every sample sees no comment in flight.
 static void BM_SoakHundredSeeksAndPauses(benchmark::State& State)
 {
-	if (!SoakMedia::MakeLesson(MediaPath("soak-120min.mp4"), 120 * 60) || !SoakMedia::MakeComments(MediaPath("soak-comments.json"), 100000, 120 * 60))
+	if (!SoakMedia::MakeLesson(MediaPath("soak-120min.mp4"), 120 * 60)
+		|| !SoakMedia::MakeComments(MediaPath("soak-gapped-comments.json"), 30000, 120 * 60, 60, 20))
 	{
 		State.SkipWithError("the ffmpeg program could not make the soak lesson");
 		return;
 	}
 	FLessonPlayerOptions Options;
 	Options.Lessons.Add(UTF8_TO_TCHAR(MediaPath("soak-120min.mp4").c_str()));
-	Options.CommentsPath = UTF8_TO_TCHAR(MediaPath("soak-comments.json").c_str());
+	Options.CommentsPath = UTF8_TO_TCHAR(MediaPath("soak-gapped-comments.json").c_str());
 	for (auto _ : State)
 	{
 		FSoakRun Run(Options);
@@ -226,19 +229,21 @@ static void BM_SoakHundredSeeksAndPauses(benchmark::State& State)
 		std::vector<FSoakSample> Samples;
 		for (int Cycle = 0; Cycle < 100; ++Cycle)
 		{
-			// Mostly forward, now and then back, so the seeks land on new and already seen comments.
-			Session.HandleKey(Cycle % 4 == 3 ? ELessonKey::SeekBackward : ELessonKey::SeekForward);
-			Run.Frames(3);
-			if (Cycle == 0 || Cycle % 10 == 9)
+			const int Minute = Cycle * 37 % 119;
+			const bool bQuiet = Cycle % 2 == 1;
+			Session.GetMediaPlayer()->Seek(FTimespan::FromSeconds(Minute * 60.0 + (bQuiet ? 35.0 : 5.0)));
+			// A second for the seek to complete (and empty the overlay) even on a loaded machine.
+			Run.Frames(30);
+			if (bQuiet && (Cycle % 10 == 1 || Cycle == 99))
 			{
 				Samples.push_back(Run.Sample());
 			}
 			Session.HandleKey(ELessonKey::TogglePause);
 			Run.Frames(15);
 			Session.HandleKey(ELessonKey::TogglePause);
-			Run.Frames(45);
+			Run.Frames(30);
 		}
-		PrintSoakTable("A hundred seeks and pauses, sampled just after a seek", Samples);
+		PrintSoakTable("A hundred seeks and pauses, sampled in the quiet stretches a second after a seek", Samples);
 		ReportSpread(State, Samples);
 	}
 }

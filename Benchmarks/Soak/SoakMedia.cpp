@@ -26,7 +26,7 @@ bool SoakMedia::MakeLesson(const std::string& Path, int Seconds)
 	return true;
 }
 
-bool SoakMedia::MakeComments(const std::string& Path, int Count, int Seconds)
+bool SoakMedia::MakeComments(const std::string& Path, int Count, int Seconds, int Period, int ActiveSeconds)
 {
 	FILE* File = std::fopen(Path.c_str(), "w");
 	if (!File)
@@ -38,8 +38,11 @@ bool SoakMedia::MakeComments(const std::string& Path, int Count, int Seconds)
 	std::fputs("{\"datas\":[", File);
 	for (int Index = 0; Index < Count; ++Index)
 	{
-		// Evenly spread, so the comments in flight stay steady and any growth is a leak's.
-		const long long Second = static_cast<long long>(Index) * Seconds / Count;
+		// Evenly spread over the active time, so the comments in flight stay steady and any
+		// growth is a leak's.
+		const long long Active = Period > 0 ? static_cast<long long>(Seconds) / Period * ActiveSeconds : Seconds;
+		const long long Offset = static_cast<long long>(Index) * Active / Count;
+		const long long Second = Period > 0 ? Offset / ActiveSeconds * Period + Offset % ActiveSeconds : Offset;
 		std::fprintf(File,
 			"%s{\"id\":%d,\"post_id\":1,\"bullet_chat_author_id\":%d,\"bullet_chat_author\":\"Viewer%d\",\"bullet_chat_date\":"
 			"\"2026.11.23-10.00.00\",\"time\":\"%02lld:%02lld:%02lld\",\"bullet_chat_content\":\"%s\",\"fabulous\":%d}",

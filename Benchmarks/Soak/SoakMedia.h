@@ -13,6 +13,10 @@ namespace SoakMedia
 	 */
 	bool MakeLesson(const std::string& Path, int Seconds);
 
-	/** Count comments spread evenly over Seconds of lesson, at Path (rewritten every time). */
-	bool MakeComments(const std::string& Path, int Count, int Seconds);
+	/**
+	 * Count comments spread evenly over Seconds of lesson, at Path (rewritten every time). With a
+	 * Period, they fall only in the first ActiveSeconds of every Period seconds, so a run can look
+	 * at the program in the quiet stretches, when no comment is in flight.
+	 */
+	bool MakeComments(const std::string& Path, int Count, int Seconds, int Period = 0, int ActiveSeconds = 0);
 }
