@@ -33,18 +33,43 @@ namespace
 		return static_cast<int64>(Pages) * sysconf(_SC_PAGESIZE) / 1024;
 	}
 
+	/** The spread of one count net of the comments in flight; PerComment gets the fitted slope. */
 	template<class ValueType>
-	double Spread(const std::vector<FSoakSample>& Samples, ValueType FSoakSample::*Field)
+	double Spread(const std::vector<FSoakSample>& Samples, ValueType FSoakSample::*Field, bool bNetOfComments, double* PerComment = nullptr)
 	{
 		if (Samples.empty())
 		{
 			return 0.0;
 		}
-		const auto [Least, Most] = std::minmax_element(Samples.begin(), Samples.end(),
-			[Field](const FSoakSample& A, const FSoakSample& B) { return A.*Field < B.*Field; });
-		const double First = static_cast<double>(Samples.front().*Field);
-		const double Width = static_cast<double>((*Most).*Field - (*Least).*Field);
-		return First > 0.0 ? Width / First : (Width > 0.0 ? 1.0 : 0.0);
+		const double Count = static_cast<double>(Samples.size());
+		double MeanComments = 0.0;
+		double Mean = 0.0;
+		for (const FSoakSample& Sample : Samples)
+		{
+			MeanComments += Sample.CommentsInFlight / Count;
+			Mean += static_cast<double>(Sample.*Field) / Count;
+		}
+		double Covariance = 0.0;
+		double Variance = 0.0;
+		for (const FSoakSample& Sample : Samples)
+		{
+			Covariance += (Sample.CommentsInFlight - MeanComments) * (static_cast<double>(Sample.*Field) - Mean);
+			Variance += (Sample.CommentsInFlight - MeanComments) * (Sample.CommentsInFlight - MeanComments);
+		}
+		const double Slope = bNetOfComments && Variance > 0.0 ? Covariance / Variance : 0.0;
+		if (PerComment)
+		{
+			*PerComment = Slope;
+		}
+		double Least = 0.0;
+		double Most = 0.0;
+		for (size_t Index = 0; Index < Samples.size(); ++Index)
+		{
+			const double Rest = static_cast<double>(Samples[Index].*Field) - Slope * Samples[Index].CommentsInFlight;
+			Least = Index == 0 ? Rest : std::min(Least, Rest);
+			Most = Index == 0 ? Rest : std::max(Most, Rest);
+		}
+		return Mean > 0.0 ? (Most - Least) / Mean : (Most > Least ? 1.0 : 0.0);
 	}
 }
 
@@ -73,13 +98,13 @@ double FSoakSpread::Widest() const
 FSoakSpread MeasureSpread(const std::vector<FSoakSample>& Samples)
 {
 	FSoakSpread Result;
-	Result.Objects = Spread(Samples, &FSoakSample::Objects);
-	Result.Widgets = Spread(Samples, &FSoakSample::Widgets);
-	Result.Timers = Spread(Samples, &FSoakSample::Timers);
-	Result.Tickers = Spread(Samples, &FSoakSample::Tickers);
-	Result.NativeBindings = Spread(Samples, &FSoakSample::NativeBindings);
-	Result.DynamicBindings = Spread(Samples, &FSoakSample::DynamicBindings);
-	Result.ResidentKiB = Spread(Samples, &FSoakSample::ResidentKiB);
+	Result.Objects = Spread(Samples, &FSoakSample::Objects, true, &Result.ObjectsPerComment);
+	Result.Widgets = Spread(Samples, &FSoakSample::Widgets, true, &Result.WidgetsPerComment);
+	Result.Timers = Spread(Samples, &FSoakSample::Timers, true, &Result.TimersPerComment);
+	Result.Tickers = Spread(Samples, &FSoakSample::Tickers, true);
+	Result.NativeBindings = Spread(Samples, &FSoakSample::NativeBindings, true, &Result.NativeBindingsPerComment);
+	Result.DynamicBindings = Spread(Samples, &FSoakSample::DynamicBindings, true);
+	Result.ResidentKiB = Spread(Samples, &FSoakSample::ResidentKiB, false);
 	return Result;
 }
 
@@ -93,8 +118,10 @@ void PrintSoakTable(const std::string& Title, const std::vector<FSoakSample>& Sa
 			Sample.Tickers, Sample.NativeBindings, Sample.DynamicBindings, Sample.ResidentKiB / 1024.0, Sample.CommentsInFlight);
 	}
 	const FSoakSpread S = MeasureSpread(Samples);
-	std::printf("\nspread (largest - smallest) / first: objects %.1f%%, widgets %.1f%%, timers %.1f%%, tickers %.1f%%, native bindings %.1f%%, "
-				"dynamic bindings %.1f%%, resident %.1f%%\n", 100 * S.Objects, 100 * S.Widgets, 100 * S.Timers, 100 * S.Tickers,
-		100 * S.NativeBindings, 100 * S.DynamicBindings, 100 * S.ResidentKiB);
+	std::printf("\nper comment in flight: %.1f objects, %.1f widgets, %.1f timers, %.1f native bindings\n"
+				"spread net of the comments in flight: objects %.1f%%, widgets %.1f%%, timers %.1f%%, tickers %.1f%%, native bindings %.1f%%, "
+				"dynamic bindings %.1f%%, resident memory %.1f%%\n", S.ObjectsPerComment, S.WidgetsPerComment, S.TimersPerComment,
+		S.NativeBindingsPerComment, 100 * S.Objects, 100 * S.Widgets, 100 * S.Timers, 100 * S.Tickers, 100 * S.NativeBindings,
+		100 * S.DynamicBindings, 100 * S.ResidentKiB);
 	std::fflush(stdout);
 }

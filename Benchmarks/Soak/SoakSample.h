@@ -36,7 +36,13 @@ struct FSoakSample
 /** Collects garbage, then counts (the session gives the comments in flight). */
 FSoakSample TakeSoakSample(const FLessonSession& Session, const FHeadlessApplication& App);
 
-/** The spread of each count over Samples: (largest - smallest) / the first sample's value. */
+/**
+ * How much each count moved over Samples beyond what the comments in flight explain. Every
+ * flying comment holds a few objects, widgets, a timer and some bindings, so raw counts rise and
+ * fall with the comments on screen; a leak is what is left when that share is taken out. Each
+ * count is fitted (least squares) as Rest + PerComment x CommentsInFlight, and its spread is
+ * (largest Rest - smallest Rest) / the mean count. Resident memory is taken as it is.
+ */
 struct FSoakSpread
 {
 	double Objects = 0.0;
@@ -46,6 +52,11 @@ struct FSoakSpread
 	double NativeBindings = 0.0;
 	double DynamicBindings = 0.0;
 	double ResidentKiB = 0.0;
+	/** What one comment in flight adds to each count (the fitted slopes). */
+	double ObjectsPerComment = 0.0;
+	double WidgetsPerComment = 0.0;
+	double TimersPerComment = 0.0;
+	double NativeBindingsPerComment = 0.0;
 
 	/** The widest spread of all counts. */
 	double Widest() const;
