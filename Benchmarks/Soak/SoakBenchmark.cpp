@@ -138,7 +138,9 @@ static void BM_SoakLongLessonWithManyComments(benchmark::State& State)
 		std::vector<FSoakSample> Samples;
 		for (int Minute = 1; Minute <= Minutes && !Run.GetSession().IsFinished(); ++Minute)
 		{
-			while (Run.LoopSeconds() + 1e-6 < Minute * 60.0 && !Run.GetSession().IsFinished())
+			// Half a second into the minute: on a second's first frame its comments are made but
+			// have no timer yet (they start flying a frame later), which would blur the timer count.
+			while (Run.LoopSeconds() + 1e-6 < Minute * 60.0 + 0.5 && !Run.GetSession().IsFinished())
 			{
 				Run.Frame();
 			}
