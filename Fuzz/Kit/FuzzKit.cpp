@@ -24,6 +24,24 @@ namespace
 		std::error_code Ignored;
 		std::filesystem::remove_all(Scratch(), Ignored);
 	}
+
+	/**
+	 * Where the scratch project goes: memory (/dev/shm) when the machine has it, else the temporary
+	 * folder. Targets rewrite files on every input (the save slot four times, and each load of a
+	 * bad slot replaces it), and ext4 pushes a file replaced by truncation or by a rename over it
+	 * out to the disk at once: on the 2-core machine the SaveSlot target spent about 20 of its
+	 * 25 ms an input waiting for that, and runs 7 times faster in memory. TMPDIR, when set, wins.
+	 */
+	std::filesystem::path ScratchParent()
+	{
+		std::error_code Error;
+		const char* Chosen = std::getenv("TMPDIR");
+		if ((!Chosen || !*Chosen) && std::filesystem::is_directory("/dev/shm", Error) && access("/dev/shm", W_OK) == 0)
+		{
+			return "/dev/shm";
+		}
+		return std::filesystem::temp_directory_path();
+	}
 }
 
 // The sanitizer's defaults for every fuzz target (ASAN_OPTIONS adds to them). clang's driver links
@@ -44,7 +62,7 @@ FString PlainFuzz::Text(const uint8_t* Data, size_t Size)
 void PlainFuzz::Start(bool bWithContent)
 {
 	setenv("PLAIN_LOG_QUIET", "1", 0);
-	const std::filesystem::path Dir = std::filesystem::temp_directory_path() / ("plain-fuzz-" + std::to_string(getpid()));
+	const std::filesystem::path Dir = ScratchParent() / ("plain-fuzz-" + std::to_string(getpid()));
 	std::filesystem::create_directories(Dir);
 	if (bWithContent)
 	{

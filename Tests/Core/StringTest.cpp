@@ -310,6 +310,34 @@ TEST(StringSharing, CopiesShareTheirTextUntilOneChangesAndNoWriteReachesAnother)
 	EXPECT_TRUE(Shared.Equals(TEXT("shared text")));
 }
 
+// Objects are named Class_N, and a long lesson makes hundreds of thousands of them: the number is
+// kept beside the text, so the name table holds "CommentNode" once, not once per object.
+TEST(Name, KeepsATrailingNumberApartFromTheText)
+{
+	const FName Seventh(TEXT("CommentNode_7"));
+	EXPECT_EQ(Seventh.GetNumber(), NAME_EXTERNAL_TO_INTERNAL(7));
+	EXPECT_TRUE(Seventh.GetPlainNameString().Equals(TEXT("CommentNode")));
+	EXPECT_TRUE(Seventh.ToString().Equals(TEXT("CommentNode_7")));
+	EXPECT_EQ(Seventh, FName(TEXT("commentnode"), NAME_EXTERNAL_TO_INTERNAL(7)));
+	EXPECT_EQ(Seventh, FName(FName(TEXT("CommentNode")), NAME_EXTERNAL_TO_INTERNAL(7)));
+	EXPECT_EQ(FName(TEXT("CommentNode_123456")).GetComparisonIndex(), Seventh.GetComparisonIndex());
+	EXPECT_NE(Seventh, FName(TEXT("CommentNode_8")));
+	EXPECT_NE(Seventh, FName(TEXT("CommentNode")));
+	EXPECT_NE(GetTypeHash(Seventh), GetTypeHash(FName(TEXT("CommentNode_8"))));
+	EXPECT_TRUE(Seventh == TEXT("commentnode_7"));
+	EXPECT_TRUE(FName(TEXT("CommentNode_2")).LexicalLess(FName(TEXT("CommentNode_10"))));
+	EXPECT_EQ(FName(TEXT("Lane_0")).GetNumber(), 1);
+
+	// What is not a plain number stays part of the text, and prints back as it came.
+	for (const TCHAR* Kept : {TEXT("Lane_07"), TEXT("_5"), TEXT("Lane5"), TEXT("Lane_"), TEXT("Lane_-5"), TEXT("Lane_99999999999"), TEXT("Lane_2147483647")})
+	{
+		const FName Name(Kept);
+		EXPECT_EQ(Name.GetNumber(), NAME_NO_NUMBER_INTERNAL) << TCHAR_TO_UTF8(Kept);
+		EXPECT_TRUE(Name.ToString().Equals(Kept)) << TCHAR_TO_UTF8(Kept);
+	}
+	EXPECT_TRUE(FName(TEXT("Never_Seen_Either_3"), FNAME_Find).IsNone());
+}
+
 TEST(Name, InternsIgnoringCaseAndKeepsTheFirstCasing)
 {
 	const FName First(TEXT("PlayButton_Unique"));

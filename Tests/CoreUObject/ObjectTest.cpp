@@ -2,6 +2,7 @@
 
 #include "CoreUObject.h"
 #include "Delegates/Delegate.h"
+#include "UObject/ObjectCensus.h"
 
 #include <gtest/gtest.h>
 
@@ -201,4 +202,43 @@ TEST(NativeDelegate, WeakObjectBindingsArePassedOverOnceTheObjectIsGone)
 	EXPECT_FALSE(Single.ExecuteIfBound(4.0f));
 	OnValue.Broadcast(5.0f);
 	EXPECT_EQ(LambdaCalls, 1);
+}
+
+// The census a soak run reads must see each kind of binding come and go, copies included, or a
+// leak would hide behind a count that drifts on its own.
+TEST(ObjectCensus, CountsObjectsAndTheBindingsTheyHoldAsTheyComeAndGo)
+{
+	// The first object of a class also makes what lives as long as the class (its default object).
+	NewObject<UTestBroadcaster>();
+	NewObject<UTestListener>();
+	CollectGarbage();
+	const FObjectCensus Before = FObjectCensus::Take();
+	const int32 ListenersBefore = FObjectCensus::CountObjectsOf(UTestListener::StaticClass());
+
+	UTestBroadcaster* Broadcaster = NewObject<UTestBroadcaster>();
+	UTestListener* Listener = NewObject<UTestListener>();
+	Broadcaster->OnChanged.AddDynamic(Listener, &UTestListener::OnValue);
+	Broadcaster->OnChanged.AddDynamic(Listener, &UTestListener::OnValue);
+	FObjectCensus Now = FObjectCensus::Take();
+	EXPECT_EQ(Now.Objects, Before.Objects + 2);
+	EXPECT_EQ(Now.DynamicBindings, Before.DynamicBindings + 2);
+	EXPECT_EQ(FObjectCensus::CountObjectsOf(UTestListener::StaticClass()), ListenersBefore + 1);
+	Broadcaster->OnChanged.RemoveAll(Listener);
+	EXPECT_EQ(FObjectCensus::Take().DynamicBindings, Before.DynamicBindings);
+
+	{
+		FOnNativeValue OnValue;
+		OnValue.AddUObject(Listener, &UTestListener::OnValue);
+		FOnNativeSingle Single;
+		Single.BindLambda([](float) {});
+		const FOnNativeSingle Copy = Single;
+		EXPECT_EQ(FObjectCensus::Take().NativeBindings, Before.NativeBindings + 3);
+		OnValue.RemoveAll(Listener);
+		Single.Unbind();
+		EXPECT_EQ(FObjectCensus::Take().NativeBindings, Before.NativeBindings + 1);
+	}
+	EXPECT_EQ(FObjectCensus::Take().NativeBindings, Before.NativeBindings);
+
+	CollectGarbage();
+	EXPECT_EQ(FObjectCensus::Take().Objects, Before.Objects);
 }

@@ -99,3 +99,15 @@ protected:
 
 	friend class FTestListenerAccess;
 };
+
+/** Holds a dynamic multicast delegate as a reflected property, as widgets and players do. */
+UCLASS()
+class UTestBroadcaster : public UObject
+{
+	GENERATED_BODY()
+
+public:
+	/** Raised by the tests. */
+	UPROPERTY(BlueprintAssignable, Category = "Test")
+	FOnTestValueChanged OnChanged;
+};

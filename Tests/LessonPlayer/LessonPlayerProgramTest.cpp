@@ -134,8 +134,9 @@ TEST(LessonPlayerProgram, TellsBadInputInOneLineAndPlaysWhatItCan)
 	EXPECT_NE(Wrong.Errors.find("--seconds wants a positive number"), std::string::npos) << Wrong.Errors;
 }
 
-// Arguments the parser refuses are quoted on the message's one line whatever they hold, and a
-// frame step too short for the float frame loop is refused rather than run forever.
+// Arguments and paths the program refuses are quoted on the message's one line whatever they
+// hold, a frame step too short for the float frame loop is refused rather than run forever, and a
+// size with more than two sides is refused rather than half read.
 TEST(LessonPlayerProgram, RefusedArgumentsStayOnOneLine)
 {
 	FScratch Scratch;
@@ -150,6 +151,22 @@ TEST(LessonPlayerProgram, RefusedArgumentsStayOnOneLine)
 	const FProgramRun Step = RunProgram(Scratch, "--headless --step 1e-300");
 	EXPECT_EQ(Step.ExitCode, 2);
 	EXPECT_EQ(Step.Errors, "vidaria-player: --step wants a step of at least 1/1000 s, not \"1e-300\"\n");
+
+	// A size is two sides and nothing more: the third side was once read as part of the height.
+	for (const char* Wrong : {"1280x720x5", "1280x720px", "+1280x720", "1280x 720", "x720", "1280x"})
+	{
+		const FProgramRun Refused = RunProgram(Scratch, std::string("--headless --size ") + Quote(Wrong));
+		EXPECT_EQ(Refused.ExitCode, 2) << Wrong;
+		EXPECT_EQ(Refused.Errors, std::string("vidaria-player: --size wants WIDTHxHEIGHT such as 1280x720, not \"") + Wrong + "\"\n");
+	}
+
+	// Paths are echoed the same way when the session refuses them, not only when the parser does.
+	const FProgramRun Missing = RunProgram(Scratch, "--headless " + Quote("/no/such\nlesson\x1b[2J.mp4"));
+	EXPECT_EQ(Missing.ExitCode, 1);
+	EXPECT_NE(Missing.Errors.find("vidaria-player: /no/such\\x0alesson\\x1b[2J.mp4: no such file\n"), std::string::npos) << Missing.Errors;
+	const FProgramRun Comments = RunProgram(Scratch, SampleLesson() + " --headless --seconds 0.1 --comments " + Quote("/no/comments\r.json"));
+	EXPECT_EQ(Comments.ExitCode, 0);
+	EXPECT_NE(Comments.Errors.find("vidaria-player: /no/comments\\x0d.json: cannot be read; playing without comments\n"), std::string::npos) << Comments.Errors;
 }
 
 // In a real window (a private X server): a click on the picture pauses, and a screenshot is taken.

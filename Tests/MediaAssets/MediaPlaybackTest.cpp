@@ -8,6 +8,7 @@
 #include "Containers/Ticker.h"
 #include "Engine/World.h"
 #include "Logging/LogCapture.h"
+#include "MediaClockPolicy.h"
 #include "MediaPlayer.h"
 #include "MediaSoundComponent.h"
 #include "MediaTexture.h"
@@ -28,6 +29,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <string>
 #include <thread>
 #include <vector>
@@ -94,11 +96,16 @@ namespace
 		return Count;
 	}
 
-	/** A loopback http server for one file: answers GETs (with byte ranges), or, if bSilent, accepts and never answers. */
+	/**
+	 * A loopback http server: answers GETs (with byte ranges) from its files by path, with Body for
+	 * any other path, each answer after Delay (a far server); or, if bSilent, accepts and never answers.
+	 */
 	class FLoopbackServer
 	{
 	public:
-		FLoopbackServer(std::vector<char> InBody, bool bInSilent) : Body(std::move(InBody)), bSilent(bInSilent)
+		FLoopbackServer(std::vector<char> InBody, bool bInSilent, std::map<std::string, std::vector<char>> InFiles = {},
+			std::chrono::milliseconds InDelay = std::chrono::milliseconds(0))
+			: Body(std::move(InBody)), Files(std::move(InFiles)), Delay(InDelay), bSilent(bInSilent)
 		{
 			Socket = socket(AF_INET, SOCK_STREAM, 0);
 			sockaddr_in Address{};
@@ -128,6 +135,8 @@ namespace
 		FString Url(const char* Path) const { return FString::Printf(TEXT("http://127.0.0.1:%d/%hs"), Port, Path); }
 
 		int Port = 0;
+		// Answers given so far.
+		std::atomic<int> Served{0};
 
 	private:
 		void Serve()
@@ -146,25 +155,40 @@ namespace
 				{
 					Request.append(Chunk, static_cast<size_t>(Got));
 				}
+				// "GET /path HTTP/1.1": the path between the first two spaces, without its slash.
+				const size_t PathStart = Request.find(' ') + 2;
+				const auto File = Files.find(Request.substr(PathStart, Request.find(' ', PathStart) - PathStart));
+				const std::vector<char>& Answer = File != Files.end() ? File->second : Body;
 				size_t First = 0;
 				const size_t Range = Request.find("Range: bytes=");
 				if (Range != std::string::npos)
 				{
-					First = std::min(Body.size(), static_cast<size_t>(std::stoull(Request.substr(Range + 13))));
+					First = std::min(Answer.size(), static_cast<size_t>(std::stoull(Request.substr(Range + 13))));
 				}
-				const std::string Head = (Range != std::string::npos ? "HTTP/1.1 206 Partial Content\r\nContent-Range: bytes " + std::to_string(First) + "-" + std::to_string(Body.size() - 1) + "/" + std::to_string(Body.size()) + "\r\n" : std::string("HTTP/1.1 200 OK\r\n"))
-					+ "Content-Type: video/mp4\r\nAccept-Ranges: bytes\r\nConnection: close\r\nContent-Length: " + std::to_string(Body.size() - First) + "\r\n\r\n";
+				const std::string Head = (Range != std::string::npos ? "HTTP/1.1 206 Partial Content\r\nContent-Range: bytes " + std::to_string(First) + "-" + std::to_string(Answer.size() - 1) + "/" + std::to_string(Answer.size()) + "\r\n" : std::string("HTTP/1.1 200 OK\r\n"))
+					+ "Content-Type: application/octet-stream\r\nAccept-Ranges: bytes\r\nConnection: close\r\nContent-Length: " + std::to_string(Answer.size() - First) + "\r\n\r\n";
+				std::this_thread::sleep_for(Delay);
 				send(Client, Head.data(), Head.size(), MSG_NOSIGNAL);
-				send(Client, Body.data() + First, Body.size() - First, MSG_NOSIGNAL);
+				send(Client, Answer.data() + First, Answer.size() - First, MSG_NOSIGNAL);
 				close(Client);
+				++Served;
 			}
 		}
 
 		std::vector<char> Body;
+		std::map<std::string, std::vector<char>> Files;
+		std::chrono::milliseconds Delay;
 		bool bSilent = false;
 		int Socket = -1;
 		std::atomic<bool> bStop{false};
 		std::thread Thread;
+	};
+
+	/** The headless host's clock policy for one test; the tests' default comes back after it. */
+	struct FFixedStepClock
+	{
+		FFixedStepClock() { SetMediaClockPolicy(EMediaClockPolicy::FixedStep); }
+		~FFixedStepClock() { SetMediaClockPolicy(EMediaClockPolicy::WallClock); }
 	};
 
 	struct FPlayback
@@ -264,6 +288,48 @@ TEST(MediaPlayback, ALessonNamedInChineseOpensByFileAndByUrl)
 		Run.Player->Close();
 	}
 	std::filesystem::remove_all(Dir);
+}
+
+// A headless run steps its clock as fast as the machine goes. Over a slow network the lesson must
+// hold every frame until its picture is there, or a recording shows pictures from seconds before
+// the clock, and the lag grows segment by segment. The lesson is cut into one-second HLS segments
+// that a loopback server hands out a fifth of a second after each request.
+TEST(MediaPlayback, AFixedStepRunShowsTheFrameDueAtTheClockOfANetworkStream)
+{
+	const std::filesystem::path Dir = std::filesystem::temp_directory_path() / ("media-hls-" + std::to_string(::getpid()));
+	std::filesystem::create_directories(Dir);
+	const std::string Cut = "ffmpeg -hide_banner -loglevel error -y -i '" + Lesson + "' -c:v libx264 -preset ultrafast -g 30 -keyint_min 30 -sc_threshold 0 -c:a aac"
+		" -f hls -hls_time 1 -hls_playlist_type vod -hls_segment_filename '" + (Dir / "part%d.ts").string() + "' '" + (Dir / "lesson.m3u8").string() + "'";
+	ASSERT_EQ(std::system(Cut.c_str()), 0);
+	std::map<std::string, std::vector<char>> Files;
+	for (const std::filesystem::directory_entry& Entry : std::filesystem::directory_iterator(Dir))
+	{
+		Files[Entry.path().filename().string()] = ReadAll(Entry.path().string());
+	}
+	std::filesystem::remove_all(Dir);
+	ASSERT_GE(Files.size(), 5u);
+	FLoopbackServer Server({}, false, Files, std::chrono::milliseconds(200));
+
+	FFixedStepClock FixedStep;
+	FPlayback Run;
+	ASSERT_TRUE(Run.Player->OpenUrl(Server.Url("lesson.m3u8")));
+	ASSERT_TRUE(Run.WaitFor(TEXT("Opened")));
+	const double Start = Run.Player->GetTime().GetTotalSeconds();
+	// Every step of the clock shows the picture due at it: 30 fps at 30 steps a second.
+	int32 Behind = 0;
+	for (int32 Frame = 1; Frame <= 100; ++Frame)
+	{
+		Tick(1);
+		const double Clock = Run.Player->GetTime().GetTotalSeconds();
+		const double Shown = Run.Texture->GetSample() ? Run.Texture->GetSample()->Time.GetTotalSeconds() : -1.0;
+		Behind += Clock - Shown > 0.5 / 30.0 ? 1 : 0;
+	}
+	EXPECT_EQ(Behind, 0);
+	EXPECT_NEAR(Run.Player->GetTime().GetTotalSeconds() - Start, 100.0 / 30.0, 1e-3);
+	ASSERT_TRUE(Run.Texture->GetSample());
+	EXPECT_NEAR(Run.Texture->GetSample()->Time.GetTotalSeconds(), Run.Player->GetTime().GetTotalSeconds(), 0.5 / 30.0);
+	EXPECT_GE(Server.Served.load(), 4);
+	Run.Player->Close();
 }
 
 TEST(MediaPlayback, EachBadInputFailsWithOneLogLineAndEndsClosed)

@@ -3,6 +3,7 @@
 #include "FFmpeg/FFmpegAudioQueue.h"
 #include "MediaAssetsLog.h"
 #include "MediaBackendRegistry.h"
+#include "MediaClockPolicy.h"
 
 #include <cstdarg>
 #include <cstring>
@@ -38,7 +39,7 @@ bool FFmpegMediaBackend::Open(const FString& Location, FString& OutError)
 	std::call_once(RouteLog, [] { av_log_set_callback(&ForwardFFmpegLog); });
 
 	const FString Scheme = FMediaBackendRegistry::GetScheme(Location);
-	WaitSeconds = Scheme.IsEmpty() || Scheme == TEXT("file") ? LocalWaitSeconds : 0.0;
+	bLocal = Scheme.IsEmpty() || Scheme == TEXT("file");
 	if (Session.Open(std::string(TCHAR_TO_UTF8(*Location))))
 	{
 		return true;
@@ -75,7 +76,7 @@ TSharedPtr<const FMediaTextureSample> FFmpegMediaBackend::AcquireVideoSample()
 	{
 		return nullptr;
 	}
-	std::shared_ptr<const FFmpegVideoFrame> Frame = Session.AcquireVideoFrame(Session.GetTime(), WaitSeconds);
+	std::shared_ptr<const FFmpegVideoFrame> Frame = Session.AcquireVideoFrame(Session.GetTime(), GetWaitSeconds());
 	if (!Frame)
 	{
 		return nullptr;
@@ -97,7 +98,7 @@ int32 FFmpegMediaBackend::PullAudio(float* Interleaved, int32 Frames)
 		std::memset(Interleaved, 0, sizeof(float) * FFmpegAudioChannels * static_cast<size_t>(Frames));
 		return 0;
 	}
-	return Session.PullAudio(Interleaved, Frames, WaitSeconds);
+	return Session.PullAudio(Interleaved, Frames, GetWaitSeconds());
 }
 
 FString FFmpegMediaBackend::CauseOf(const std::string& Message) const
@@ -105,4 +106,13 @@ FString FFmpegMediaBackend::CauseOf(const std::string& Message) const
 	const std::string Prefix = "Cannot open '" + Session.GetUrl() + "': ";
 	const std::string Cause = Message.compare(0, Prefix.size(), Prefix) == 0 ? Message.substr(Prefix.size()) : Message;
 	return UTF8_TO_TCHAR(Cause.c_str());
+}
+
+double FFmpegMediaBackend::GetWaitSeconds() const
+{
+	if (bLocal)
+	{
+		return LocalWaitSeconds;
+	}
+	return GetMediaClockPolicy() == EMediaClockPolicy::FixedStep ? NetworkWaitSeconds : 0.0;
 }

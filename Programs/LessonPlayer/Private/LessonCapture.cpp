@@ -2,21 +2,15 @@
 
 #include "HAL/FileManager.h"
 #include "LaunchEngineLoop.h"
+#include "LessonPlayerMessages.h"
 #include "LessonPlayerOptions.h"
 #include "Misc/Paths.h"
 #include "Slate/WidgetViewport.h"
 #include "AudioSink.h"
 
 #include <chrono>
-#include <cstdio>
 
-namespace
-{
-	void Tell(const FString& Line)
-	{
-		fprintf(stderr, "vidaria-player: %s\n", TCHAR_TO_UTF8(*Line));
-	}
-} // namespace
+using LessonPlayerMessages::Tell;
 
 FLessonCapture::~FLessonCapture()
 {

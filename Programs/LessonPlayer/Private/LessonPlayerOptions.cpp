@@ -1,5 +1,6 @@
 #include "LessonPlayerOptions.h"
 
+#include "LessonPlayerMessages.h"
 #include "Misc/CString.h"
 
 #include <cstdlib>
@@ -10,26 +11,7 @@ namespace
 	// where a step much shorter would round to nothing and the run would never end.
 	constexpr double ShortestStepSeconds = 1.0 / 1000.0;
 
-	/**
-	 * Text from the command line as a message may quote it: control characters (a newline in a
-	 * file name, bytes that are no text) are shown as \xNN, so every message stays one line.
-	 */
-	FString Printable(const FString& Text)
-	{
-		FString Out;
-		for (const TCHAR Character : Text)
-		{
-			if (Character < 0x20 || Character == 0x7f)
-			{
-				Out += FString::Printf(TEXT("\\x%02x"), static_cast<uint32>(Character));
-			}
-			else
-			{
-				Out.AppendChar(Character);
-			}
-		}
-		return Out;
-	}
+	using LessonPlayerMessages::Printable;
 
 	/** Reads a positive number of seconds; "1/60" is accepted as a fraction. */
 	bool ParseSeconds(const FString& Text, double& Out)
@@ -54,17 +36,40 @@ namespace
 		return true;
 	}
 
-	/** Reads "WxH" with both sides between 64 and 7680. */
+	/** Reads a side of a size: one to four decimal digits and nothing else (no sign, no space, no unit). */
+	bool ParseSide(const FString& Text, int32& Out)
+	{
+		if (Text.IsEmpty() || Text.Len() > 4)
+		{
+			return false;
+		}
+		int32 Value = 0;
+		for (const TCHAR Character : Text)
+		{
+			if (Character < TEXT('0') || Character > TEXT('9'))
+			{
+				return false;
+			}
+			Value = Value * 10 + (Character - TEXT('0'));
+		}
+		Out = Value;
+		return true;
+	}
+
+	/**
+	 * Reads "WxH" with both sides between 64 and 7680. The whole text must be the size: a third
+	 * side or trailing letters are a mistake the viewer should hear about, not a size to guess.
+	 */
 	bool ParseSize(const FString& Text, int32& OutWidth, int32& OutHeight)
 	{
 		FString Left;
 		FString Right;
-		if (!Text.Split(TEXT("x"), &Left, &Right))
+		int32 W = 0;
+		int32 H = 0;
+		if (!Text.Split(TEXT("x"), &Left, &Right) || !ParseSide(Left, W) || !ParseSide(Right, H))
 		{
 			return false;
 		}
-		const int32 W = FCString::Atoi(*Left);
-		const int32 H = FCString::Atoi(*Right);
 		if (W < 64 || H < 64 || W > 7680 || H > 7680)
 		{
 			return false;

@@ -5,29 +5,27 @@
 #include "HeadlessApplication.h"
 #include "LaunchEngineLoop.h"
 #include "LessonCapture.h"
+#include "LessonPlayerMessages.h"
 #include "LessonPlayerOptions.h"
 #include "LessonRunStats.h"
 #include "LessonSession.h"
+#include "MediaClockPolicy.h"
 #include "MediaPlayer.h"
 #include "Window/LessonWindow.h"
 
 #include <chrono>
-#include <cstdio>
 #include <thread>
 
 namespace
 {
+	using LessonPlayerMessages::Tell;
+
 	/** A run that never gets a lesson open gives up after this much loop time. */
 	constexpr double OpenGiveUpSeconds = 30.0;
 	/** How long a headless run holds its clock for one open before it lets time run on. */
 	constexpr double OpenWaitSeconds = 15.0;
 	/** A window that falls further behind real time than this drops the lost time instead of racing. */
 	constexpr double MaxLagSeconds = 0.25;
-
-	void Tell(const FString& Line)
-	{
-		fprintf(stderr, "vidaria-player: %s\n", TCHAR_TO_UTF8(*Line));
-	}
 
 	/** True when the run should stop: the goal reached, or nothing left to play. */
 	bool IsRunOver(const FLessonSession& Session, double LoopSeconds, const FLessonPlayerOptions& Options, bool bStopAtEnd)
@@ -98,6 +96,9 @@ int32 LessonRunner::RunHeadless(FLessonSession& Session, FHeadlessApplication& A
 	{
 		return 1;
 	}
+	// The loop runs as fast as the machine goes, so the media must hold each frame until what is
+	// due at it is decoded, network lessons included.
+	SetMediaClockPolicy(EMediaClockPolicy::FixedStep);
 	FLessonRunStats Stats;
 	const float Step = static_cast<float>(Options.StepSeconds);
 	while (!IsRunOver(Session, App.GetLoop().GetLoopSeconds(), Options, true))
@@ -136,6 +137,8 @@ int32 LessonRunner::RunInWindow(FLessonSession& Session, FHeadlessApplication& A
 		Tell(Error + TEXT("; playing without sound"));
 	}
 	Capture.SetScreenshotsFromCaller(true);
+	// Paced to the wall clock: a late network picture shows late rather than freezing the window.
+	SetMediaClockPolicy(EMediaClockPolicy::WallClock);
 
 	// The window runs the same fixed step as a headless run, paced to the wall clock, so a
 	// recording made from a window has the same constant frame rate.

@@ -10,6 +10,7 @@
 #include "HeadlessApplication.h"
 #include "LaunchEngineLoop.h"
 #include "LessonEventRelay.h"
+#include "LessonPlayerMessages.h"
 #include "LessonPlayerPaths.h"
 #include "MediaPlayer.h"
 #include "MediaPlaylist.h"
@@ -24,10 +25,10 @@
 #include "UI_VidariaSystem.h"
 #include "Vidaria/UI_VolumeProgress.h"
 
-#include <cstdio>
-
 namespace
 {
+	using LessonPlayerMessages::Tell;
+
 	/** The blueprints and the media player asset of the plug-in's default content. */
 	const TCHAR* const PlayerBlueprintClass = TEXT("/Game/UI/WBP_VidariaSystem.WBP_VidariaSystem_C");
 	const TCHAR* const OverlayBlueprintClass = TEXT("/Game/UI/WBP_BulletChat.WBP_BulletChat_C");
@@ -43,11 +44,6 @@ namespace
 	constexpr double SeekStepSeconds = 5.0;
 	/** Sent comments take IDs far above any document's, so they never refuse a document comment. */
 	constexpr int32 FirstSentCommentId = 1000000000;
-
-	void Tell(const FString& Line)
-	{
-		fprintf(stderr, "vidaria-player: %s\n", TCHAR_TO_UTF8(*Line));
-	}
 
 	template<typename T>
 	T* CreateFromBlueprint(UWorld* World, const TCHAR* ClassPath)

@@ -3,6 +3,7 @@
 // and headless otherwise. See `vidaria-player --help` and the README.
 
 #include "HeadlessApplication.h"
+#include "LessonPlayerMessages.h"
 #include "LessonPlayerOptions.h"
 #include "LessonRunner.h"
 #include "LessonSession.h"
@@ -21,7 +22,7 @@ int main(int Argc, char** Argv)
 	FString Error;
 	if (!FLessonPlayerOptions::Parse(Arguments, Options, Error))
 	{
-		fprintf(stderr, "vidaria-player: %s\n", TCHAR_TO_UTF8(*Error));
+		LessonPlayerMessages::Tell(Error);
 		return 2;
 	}
 	if (Options.bHelp)
@@ -33,7 +34,7 @@ int main(int Argc, char** Argv)
 	bool bHeadless = Options.bHeadless;
 	if (!bHeadless && !FLessonWindow::IsDisplayAvailable())
 	{
-		fprintf(stderr, "vidaria-player: no display; running headless\n");
+		LessonPlayerMessages::Tell(TEXT("no display; running headless"));
 		bHeadless = true;
 	}
 

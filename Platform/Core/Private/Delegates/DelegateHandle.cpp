@@ -1,4 +1,5 @@
 #include "Delegates/DelegateHandle.h"
+#include "Delegates/DelegateInstanceInterface.h"
 
 #include <atomic>
 
@@ -8,3 +9,5 @@ uint64 FDelegateHandle::GenerateNewID()
 	static std::atomic<uint64> NextID{1};
 	return NextID.fetch_add(1, std::memory_order_relaxed);
 }
+
+std::atomic<int32> IDelegateInstance::LiveCount{0};

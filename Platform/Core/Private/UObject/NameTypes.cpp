@@ -2,6 +2,7 @@
 
 #include "String/StringCompare.h"
 
+#include <cstdint>
 #include <deque>
 #include <mutex>
 #include <shared_mutex>
@@ -85,11 +86,44 @@ namespace
 		const int64 Found = FNameTable::Get().FindOrAdd(Text, Length, FindType == FNAME_Add);
 		return Found == INDEX_NONE ? 0u : static_cast<uint32>(Found);
 	}
+
+	/**
+	 * Splits "Text_N" into "Text" and N + 1 when N is a plain decimal (no sign, no leading zero
+	 * but for "0" itself) that fits; otherwise the whole text is the name and the number is none.
+	 */
+	uint32 SplitNumber(const TCHAR* Text, int32& InOutLength)
+	{
+		int32 Digits = 0;
+		while (Digits < InOutLength && Text[InOutLength - 1 - Digits] >= TEXT('0') && Text[InOutLength - 1 - Digits] <= TEXT('9'))
+		{
+			++Digits;
+		}
+		const int32 Underscore = InOutLength - 1 - Digits;
+		if (Digits == 0 || Digits > 10 || Underscore < 1 || Text[Underscore] != TEXT('_') || (Digits > 1 && Text[Underscore + 1] == TEXT('0')))
+		{
+			return NAME_NO_NUMBER_INTERNAL;
+		}
+		int64 Value = 0;
+		for (int32 Index = Underscore + 1; Index < InOutLength; ++Index)
+		{
+			Value = Value * 10 + (Text[Index] - TEXT('0'));
+		}
+		if (Value >= INT32_MAX)
+		{
+			return NAME_NO_NUMBER_INTERNAL;
+		}
+		InOutLength = Underscore;
+		return static_cast<uint32>(NAME_EXTERNAL_TO_INTERNAL(Value));
+	}
 }
 
 FName::FName(const TCHAR* Name, EFindName FindType)
-	: Index(Intern(Name, FCString::Strlen(Name), FindType))
 {
+	int32 Length = Name ? FCString::Strlen(Name) : 0;
+	const uint32 Split = Name ? SplitNumber(Name, Length) : NAME_NO_NUMBER_INTERNAL;
+	Index = Intern(Name, Length, FindType);
+	// A number on a name that was not found (FNAME_Find) stays none with it.
+	Number = Index != 0 ? Split : NAME_NO_NUMBER_INTERNAL;
 }
 
 FName::FName(const ANSICHAR* Name, EFindName FindType)
@@ -98,13 +132,28 @@ FName::FName(const ANSICHAR* Name, EFindName FindType)
 }
 
 FName::FName(const FString& Name, EFindName FindType)
-	: Index(Intern(*Name, Name.Len(), FindType))
+	: FName(*Name, FindType)
 {
+}
+
+FName::FName(const TCHAR* Name, int32 InNumber)
+	: Index(Intern(Name, Name ? FCString::Strlen(Name) : 0, FNAME_Add))
+	, Number(static_cast<uint32>(InNumber))
+{
+}
+
+FString FName::GetPlainNameString() const
+{
+	return FNameTable::Get().GetText(Index);
 }
 
 FString FName::ToString() const
 {
-	return FNameTable::Get().GetText(Index);
+	if (Number == NAME_NO_NUMBER_INTERNAL)
+	{
+		return GetPlainNameString();
+	}
+	return FString::Printf(TEXT("%s_%d"), *GetPlainNameString(), NAME_INTERNAL_TO_EXTERNAL(static_cast<int32>(Number)));
 }
 
 bool FName::operator==(const TCHAR* Other) const
@@ -116,9 +165,9 @@ int32 FName::Compare(const FName& Other) const
 {
 	if (Index == Other.Index)
 	{
-		return 0;
+		return Number == Other.Number ? 0 : (Number < Other.Number ? -1 : 1);
 	}
-	const FString Mine = ToString();
-	const FString Theirs = Other.ToString();
+	const FString Mine = GetPlainNameString();
+	const FString Theirs = Other.GetPlainNameString();
 	return UE::Core::Private::CompareRanges(*Mine, Mine.Len(), *Theirs, Theirs.Len(), ESearchCase::IgnoreCase);
 }

@@ -6,6 +6,7 @@
 #include "CoreTypes.h"
 #include "Delegates/DelegateHandle.h"
 
+#include <atomic>
 #include <memory>
 #include <type_traits>
 
@@ -31,7 +32,7 @@ struct TMemFunPtrType<true, Class, R(ArgTypes...)>
 class IDelegateInstance
 {
 public:
-	virtual ~IDelegateInstance() = default;
+	virtual ~IDelegateInstance() { LiveCount.fetch_sub(1, std::memory_order_relaxed); }
 
 	/** The address of the object the binding calls into, or null for functions and plain lambdas. */
 	virtual const void* GetBoundObject() const = 0;
@@ -42,15 +43,24 @@ public:
 	bool HasSameObject(const void* Object) const { return Object != nullptr && GetBoundObject() == Object; }
 	FDelegateHandle GetHandle() const { return Handle; }
 
+#if PLAIN_PLATFORM_INTERNALS
+	/** The stand-in's: bindings alive now in the whole process, for soak runs and leak tests. */
+	static int32 GetLiveCount() { return LiveCount.load(std::memory_order_relaxed); }
+#endif
+
 protected:
-	IDelegateInstance() : Handle(FDelegateHandle::GenerateNewHandle) {}
+	IDelegateInstance() : Handle(FDelegateHandle::GenerateNewHandle) { LiveCount.fetch_add(1, std::memory_order_relaxed); }
 	// A copy keeps the handle, so a copied delegate still names the same binding.
-	IDelegateInstance(const IDelegateInstance&) = default;
+	IDelegateInstance(const IDelegateInstance& Other) : Handle(Other.Handle) { LiveCount.fetch_add(1, std::memory_order_relaxed); }
 	IDelegateInstance& operator=(const IDelegateInstance&) = delete;
 
 private:
 	// Names this binding for removal from a multicast delegate.
 	FDelegateHandle Handle;
+	// Every binding alive, counted by the constructors and the destructor, so a run can see
+	// bindings pile up that nothing will ever call. The stand-in's; static, so the layout stays
+	// the engine's. Bindings are made and dropped on any thread.
+	static CORE_API std::atomic<int32> LiveCount;
 };
 
 template<class FuncType>
