@@ -2,6 +2,8 @@
 
 #include "MediaTextureSample.h"
 #include "RenderFrame.h"
+#include "SpriteBlend.h"
+#include "TextSprite.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,26 +52,39 @@ namespace
 	}
 }
 
-FPaintRect FPaintRect::Intersect(const FPaintRect& Other) const
+FFramePainter::FFramePainter(FRenderFrame& InFrame, bool bInOpaqueFrame, ESpriteBlender InBlender)
+	: Frame(InFrame), Clip{0, 0, InFrame.GetWidth(), InFrame.GetHeight()}, bOpaqueFrame(bInOpaqueFrame), Blender(InBlender)
 {
-	return {std::max(Left, Other.Left), std::max(Top, Other.Top), std::min(Right, Other.Right), std::min(Bottom, Other.Bottom)};
 }
 
-FPaintRect FPaintRect::FromBox(const FVector2D& Position, const FVector2D& Size)
+FFramePainter::~FFramePainter()
 {
-	// Rounding both edges (not position and size) keeps neighbouring boxes from gapping or overlapping.
-	const double Left = std::round(Position.X);
-	const double Top = std::round(Position.Y);
-	const double Right = std::round(Position.X + Size.X);
-	const double Bottom = std::round(Position.Y + Size.Y);
-	// Far-off boxes (a widget translated away) are kept in int range; the clip drops them anyway.
-	auto ToInt = [](double Value) { return static_cast<int32>(std::clamp(Value, -16777216.0, 16777216.0)); };
-	return {ToInt(Left), ToInt(Top), ToInt(Right), ToInt(Bottom)};
+	RenderSprite::ReleaseImage(FrameImage);
 }
 
-FFramePainter::FFramePainter(FRenderFrame& InFrame)
-	: Frame(InFrame), Clip{0, 0, InFrame.GetWidth(), InFrame.GetHeight()}
+void FFramePainter::DrawSprite(int32 X, int32 Y, const FTextSprite& Sprite) const
 {
+	const FPaintRect Area = FPaintRect{X, Y, X + Sprite.Width, Y + Sprite.Height}.Intersect(Clip);
+	if (Area.IsEmpty())
+	{
+		return;
+	}
+	if (!bOpaqueFrame)
+	{
+		RenderSprite::BlendOverStraight(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
+	else if (Blender == ESpriteBlender::Pixman)
+	{
+		if (!FrameImage)
+		{
+			FrameImage = RenderSprite::WrapImage(Frame.GetData(), Frame.GetWidth(), Frame.GetHeight(), Frame.GetStride());
+		}
+		RenderSprite::BlendOverOpaquePixman(FrameImage, Area, X, Y, Sprite);
+	}
+	else
+	{
+		RenderSprite::BlendOverOpaqueLoop(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
 }
 
 void FFramePainter::SetClip(const FPaintRect& Rect)
@@ -95,20 +110,6 @@ void FFramePainter::FillRect(const FPaintRect& Rect, FColor Color, float Opacity
 			BlendTexel(Row + X * 4, Color.R, Color.G, Color.B, Alpha);
 		}
 	}
-}
-
-void FFramePainter::FrameRect(const FPaintRect& Rect, int32 Thickness, FColor Color, float Opacity) const
-{
-	const int32 T = std::max(1, std::min({Thickness, (Rect.Right - Rect.Left) / 2, (Rect.Bottom - Rect.Top) / 2}));
-	if (Rect.IsEmpty())
-	{
-		return;
-	}
-	// Four strips that do not overlap, so a translucent frame has no darker corners.
-	FillRect({Rect.Left, Rect.Top, Rect.Right, Rect.Top + T}, Color, Opacity);
-	FillRect({Rect.Left, Rect.Bottom - T, Rect.Right, Rect.Bottom}, Color, Opacity);
-	FillRect({Rect.Left, Rect.Top + T, Rect.Left + T, Rect.Bottom - T}, Color, Opacity);
-	FillRect({Rect.Right - T, Rect.Top + T, Rect.Right, Rect.Bottom - T}, Color, Opacity);
 }
 
 void FFramePainter::DrawLine(const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity) const
