@@ -23,6 +23,7 @@
 #include "MediaPlayer.h"
 #include "MediaTexture.h"
 #include "RenderFrame.h"
+#include "FrameRendererTestTypes.h"
 #include "Slate/WidgetViewport.h"
 #include "UObject/Package.h"
 
@@ -233,6 +234,22 @@ TEST(FrameRenderer, OnScreenMessagesAppearAtTheTopLeftInTheirColour)
 	const FRenderFrame Frame = Scene.Render();
 	EXPECT_GT(CountPixels(Frame, 0, 0, 200, 40, IsRed), 20);
 	EXPECT_EQ(CountPixels(Frame, 0, 40, 320, 240, IsRed), 0) << "one line stays at the top";
+}
+
+TEST(FrameRenderer, DrawsAWidgetItHasNeverHeardOfByWhatItPaints)
+{
+	FScene Scene;
+	UTestSwatch* Swatch = Scene.Add<UTestSwatch>(FVector2D(20, 30), FVector2D(100, 40));
+	Swatch->Color = FColor(0, 0, 255);
+	Swatch->Label = TEXT("Swatch");
+	const FRenderFrame Frame = Scene.Render();
+	auto IsBlue = [](FColor C) { return C.B > 200 && C.R < 60 && C.G < 60; };
+	EXPECT_GT(CountPixels(Frame, 20, 30, 120, 70, IsBlue), 100 * 40 * 3 / 4) << "its box, mostly uncovered by the label";
+	EXPECT_GT(CountPixels(Frame, 20, 30, 120, 70, IsBright), 20) << "its label over the box";
+	EXPECT_EQ(CountPixels(Frame, 0, 0, 320, 240, IsBlue), CountPixels(Frame, 20, 30, 120, 70, IsBlue)) << "nothing outside its box";
+
+	Swatch->SetRenderOpacity(0.f);
+	EXPECT_EQ(CountPixels(Scene.Render(), 0, 0, 320, 240, [](FColor C) { return !IsBlack(C); }), 0) << "at opacity 0 it shows nothing";
 }
 
 TEST(FramePainter, ScalesPicturesSmoothlyAndStaysInsideTheClip)
