@@ -170,6 +170,12 @@ static void BM_Render720pWithCommentsPlainLoop(benchmark::State& State)
 }
 BENCHMARK(BM_Render720pWithCommentsPlainLoop)->Arg(1000)->Unit(benchmark::kMillisecond);
 
+static void BM_Render720pWithCommentsAvx2(benchmark::State& State)
+{
+	RunCommentScreen(State, 1280, 720, ESpriteBlender::Avx2);
+}
+BENCHMARK(BM_Render720pWithCommentsAvx2)->Arg(1000)->Unit(benchmark::kMillisecond);
+
 static void BM_Render1080pWithComments(benchmark::State& State)
 {
 	RunCommentScreen(State, 1920, 1080, ESpriteBlender::Pixman);

@@ -5,7 +5,7 @@
 
 #include "CoreMinimal.h"
 #include "Components/Widget.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 #include "FrameRendererTestTypes.generated.h"
 
 /** A swatch: its colour over its whole box, with its label at the top left. */

@@ -6,7 +6,7 @@
 #include "FramePainter.h"
 #include "FrameRenderer.h"
 #include "RenderFrame.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 #include "SpriteBlend.h"
 #include "TextSprite.h"
 #include "TextSpriteCache.h"
@@ -176,31 +176,47 @@ TEST(TextSpriteCache, KeepsARunWhileItsLookIsUnchangedAndTellsLooksApart)
 	EXPECT_EQ(Sprites.GetStats().Hits, Hits + 2);
 }
 
-TEST(TextSpriteCache, DropsTheLeastRecentlyDrawnRunsPastItsCap)
+TEST(TextSpriteCache, DropsTheLeastRecentlyDrawnRunsPastItsCapButNoneOfTheFrameBeingDrawn)
 {
 	FTextSpriteCache Sprites;
 	const FSlateDrawElement A = MakeRun(TEXT("first comment"), FVector2D(0.0, 0.0));
 	const FSlateDrawElement B = MakeRun(TEXT("second comment"), FVector2D(0.0, 0.0));
 	const FSlateDrawElement C = MakeRun(TEXT("third comment"), FVector2D(0.0, 0.0));
-	Sprites.Find(A);
+	auto DrawFrame = [&Sprites](std::initializer_list<const FSlateDrawElement*> Runs) {
+		Sprites.BeginFrame();
+		for (const FSlateDrawElement* Run : Runs)
+		{
+			Sprites.Find(*Run);
+		}
+	};
+	DrawFrame({&A});
 	const int64 OneRun = Sprites.GetStats().Bytes;
 	// Room for two runs of about this size, not three.
 	Sprites.SetBudgetBytes(OneRun * 5 / 2);
-	Sprites.Find(B);
-	Sprites.Find(A);
-	Sprites.Find(C);
+	DrawFrame({&B});
+	DrawFrame({&A});
+	DrawFrame({&C});
 	EXPECT_EQ(Sprites.GetStats().Evictions, 1);
 	EXPECT_LE(Sprites.GetStats().Bytes, Sprites.GetBudgetBytes());
 	const int64 Misses = Sprites.GetStats().Misses;
-	Sprites.Find(A);
-	Sprites.Find(C);
+	DrawFrame({&A, &C});
 	EXPECT_EQ(Sprites.GetStats().Misses, Misses) << "A was drawn after B, so B went";
-	Sprites.Find(B);
-	EXPECT_EQ(Sprites.GetStats().Misses, Misses + 1);
+
+	// A frame that draws all three keeps all three: dropping one it draws would rasterise it every frame.
+	DrawFrame({&A, &B, &C});
+	DrawFrame({&A, &B, &C});
+	EXPECT_EQ(Sprites.GetStats().Misses, Misses + 1) << "B came back once, and stayed";
+	EXPECT_EQ(Sprites.GetStats().Entries, 3);
+	DrawFrame({&C});
+	DrawFrame({&C});
+	EXPECT_LE(Sprites.GetStats().Bytes, Sprites.GetBudgetBytes()) << "once the screen needs less, the bytes go back";
 
 	// A run larger than the whole cap is still drawn; it just is all the cache holds.
 	Sprites.SetBudgetBytes(16);
-	ASSERT_NE(Sprites.Find(C), nullptr);
-	EXPECT_GT(Sprites.Find(C)->Width, 0);
+	DrawFrame({&A});
+	ASSERT_NE(Sprites.Find(A), nullptr);
+	EXPECT_GT(Sprites.Find(A)->Width, 0);
+	DrawFrame({&A});
+	DrawFrame({&A});
 	EXPECT_EQ(Sprites.GetStats().Entries, 1);
 }

@@ -3,7 +3,7 @@
 #include "BrushPainter.h"
 #include "Fonts/SlateTextPainter.h"
 #include "FramePainter.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 #include "RenderFrame.h"
 #include "TextSpriteCache.h"
 

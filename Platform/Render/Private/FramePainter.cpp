@@ -81,6 +81,10 @@ void FFramePainter::DrawSprite(int32 X, int32 Y, const FTextSprite& Sprite) cons
 		}
 		RenderSprite::BlendOverOpaquePixman(FrameImage, Area, X, Y, Sprite);
 	}
+	else if (Blender == ESpriteBlender::Avx2)
+	{
+		RenderSprite::BlendOverOpaqueAvx2(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
 	else
 	{
 		RenderSprite::BlendOverOpaqueLoop(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);

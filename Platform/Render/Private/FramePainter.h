@@ -9,7 +9,7 @@
 #include "Math/Color.h"
 #include "Math/Vector2D.h"
 #include "FrameRenderer.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 class FRenderFrame;
 struct FMediaTextureSample;

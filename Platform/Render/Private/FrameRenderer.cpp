@@ -50,6 +50,7 @@ void FFrameRenderer::DrawList(const FSlateWindowElementList& List, FRenderFrame&
 	// Everything is clipped to the viewport: widgets may be laid out, or translated, past it.
 	// Over an opaque clear every pixel stays opaque, which is what lets text blend as premultiplied colour.
 	const FFramePainter Painter(Out, ClearColor.A == 255, Blender);
+	TextSprites->BeginFrame();
 	RenderDrawList::Draw(Painter, *TextSprites, List);
 }
 

@@ -5,7 +5,7 @@
 // any alpha, kept as straight alpha.
 
 #include "CoreMinimal.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 struct FTextSprite;
 typedef union pixman_image pixman_image_t;
@@ -19,6 +19,10 @@ namespace RenderSprite
 
 	/** Source-over of Sprite at (X, Y) onto the opaque frame Frame, writing only Area (inside the frame and the sprite). */
 	void BlendOverOpaquePixman(pixman_image_t* Frame, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite);
+	/** The same, eight pixels at a time with AVX2 (the plain loop where the processor has no AVX2). */
+	void BlendOverOpaqueAvx2(uint8* Frame, int32 Stride, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite);
+	/** True when the processor runs AVX2. */
+	bool HasAvx2();
 	/** The same, one pixel at a time. */
 	void BlendOverOpaqueLoop(uint8* Frame, int32 Stride, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite);
 	/** Source-over onto a straight-alpha frame whose pixels may be translucent. */

@@ -2,7 +2,7 @@
 
 #include "Fonts/FontMeasure.h"
 #include "Fonts/SlateTextPainter.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include <algorithm>
 #include <bit>
@@ -108,6 +108,7 @@ const FTextSprite* FTextSpriteCache::Find(const FSlateDrawElement& Text)
 			++Hits;
 			// Most recently drawn to the front: splicing moves no entry and invalidates nothing.
 			Entries.splice(Entries.begin(), Entries, Found->second);
+			Found->second->Frame = Frame;
 			return Found->second->Sprite.get();
 		}
 		// Another look with the same hash: the newcomer takes its place.
@@ -119,7 +120,7 @@ const FTextSprite* FTextSpriteCache::Find(const FSlateDrawElement& Text)
 	{
 		return nullptr;
 	}
-	Entries.push_front(FEntry{Probe, Hash, std::move(Sprite)});
+	Entries.push_front(FEntry{Probe, Hash, std::move(Sprite), Frame});
 	ByHash.emplace(Hash, Entries.begin());
 	Bytes += Entries.front().Sprite->GetMemoryBytes() + EntryOverhead(Probe.Text);
 	Trim(&Entries.front());
@@ -206,7 +207,10 @@ std::unique_ptr<FTextSprite> FTextSpriteCache::Rasterize(const FSlateDrawElement
 
 void FTextSpriteCache::Trim(const FEntry* Keep)
 {
-	while (Bytes > BudgetBytes && !Entries.empty() && &Entries.back() != Keep)
+	// The list is in drawing order, so once the oldest entry is of the last frame or this one, all
+	// are. The last frame's are kept too: what was on screen then mostly is now, and dropping it at
+	// the start of a frame would rasterise it again before the frame ends.
+	while (Bytes > BudgetBytes && !Entries.empty() && &Entries.back() != Keep && Entries.back().Frame + 1 < Frame)
 	{
 		++Evictions;
 		Erase(std::prev(Entries.end()));

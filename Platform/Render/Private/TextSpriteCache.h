@@ -29,6 +29,9 @@ public:
 	FTextSpriteCache();
 	~FTextSpriteCache();
 
+	/** Starts a frame: runs found from now on belong to it, and are kept past the cap through the next frame. */
+	void BeginFrame() { ++Frame; Trim(nullptr); }
+
 	/**
 	 * The sprite of a text element, rasterised now if it is not held; valid until the next call.
 	 * Null for a run too large to hold (a canvas past MaxSpritePixels), which is drawn directly.
@@ -70,6 +73,8 @@ private:
 		FLook Look;
 		uint64 Hash = 0;
 		std::unique_ptr<FTextSprite> Sprite;
+		// The last frame that drew it.
+		uint64 Frame = 0;
 	};
 	using FEntryList = std::list<FEntry>;
 
@@ -78,7 +83,7 @@ private:
 	static uint64 HashLook(const FLook& Look);
 	/** Draws the run into a new sprite (from the element's own colours, which encode to the look's); null when too large. */
 	static std::unique_ptr<FTextSprite> Rasterize(const FSlateDrawElement& Text, const FLook& Look);
-	/** Drops the least recently used entries (never Keep) until the bytes are under the cap. */
+	/** Drops the least recently used entries (never Keep, nor one of this frame or the last) until the bytes are under the cap. */
 	void Trim(const FEntry* Keep);
 	void Erase(FEntryList::iterator Entry);
 
@@ -92,6 +97,8 @@ private:
 	int64 Bytes = 0;
 	// The cap on Bytes.
 	int64 BudgetBytes = DefaultBudgetBytes;
+	// The frame being drawn, counted by BeginFrame.
+	uint64 Frame = 0;
 	// Counters.
 	int64 Hits = 0;
 	int64 Misses = 0;

@@ -9,7 +9,7 @@
 
 #include "CoreMinimal.h"
 #include "Math/Color.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include <memory>
 
@@ -39,6 +39,8 @@ enum class ESpriteBlender : uint8
 	Pixman,
 	/** A plain loop, one pixel at a time. */
 	Loop,
+	/** A loop of AVX2 instructions, eight pixels at a time (the plain loop without AVX2). */
+	Avx2,
 };
 
 /** Paints the viewport's widgets and the on-screen messages into an RGBA frame. */

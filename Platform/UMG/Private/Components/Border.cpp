@@ -1,5 +1,5 @@
 #include "Components/Border.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Components/BorderSlot.h"
 #include "Components/SingleChildLayout.h"

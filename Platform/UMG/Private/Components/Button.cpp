@@ -1,6 +1,6 @@
 #include "Components/Button.h"
 #include "Components/DefaultWidgetStyle.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Components/ButtonSlot.h"
 #include "Components/SingleChildLayout.h"

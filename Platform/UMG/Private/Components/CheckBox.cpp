@@ -1,6 +1,6 @@
 #include "Components/CheckBox.h"
 #include "Components/DefaultWidgetStyle.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Components/PanelSlot.h"
 #include "Components/SlotArrangement.h"

@@ -1,6 +1,6 @@
 #include "Components/ComboBoxString.h"
 #include "Components/DefaultWidgetStyle.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Fonts/FontMeasure.h"
 

@@ -1,5 +1,5 @@
 #include "Components/Image.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Materials/MaterialInterface.h"
 

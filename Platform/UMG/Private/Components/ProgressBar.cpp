@@ -1,6 +1,6 @@
 #include "Components/ProgressBar.h"
 #include "Components/DefaultWidgetStyle.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 // The bar's own accessors are where its deprecated members may still be named.
 PRAGMA_DISABLE_DEPRECATION_WARNINGS

@@ -1,5 +1,5 @@
 #include "Components/TextBlock.h"
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Fonts/FontMeasure.h"
 

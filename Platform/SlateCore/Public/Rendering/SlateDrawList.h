@@ -1,7 +1,7 @@
 #pragma once
 
 #if !PLAIN_PLATFORM_INTERNALS
-#error "Rendering/DrawElements.h here is the stand-in's own draw list; a plug-in paints through the engine's"
+#error "Rendering/SlateDrawList.h belongs to the stand-in; the engine has no such header"
 #endif
 
 // The stand-in's draw list, in the shape of the engine's FSlateWindowElementList and

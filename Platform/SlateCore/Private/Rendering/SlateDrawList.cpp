@@ -1,4 +1,4 @@
-#include "Rendering/DrawElements.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Styling/SlateBrush.h"
 
