@@ -81,11 +81,11 @@ void RenderSprite::BlendOverOpaqueLoop(uint8* Frame, int32 Stride, const FPaintR
 #if defined(__x86_64__)
 namespace
 {
-	/** D x R / 255 rounded to nearest, in sixteen 16-bit lanes. */
+	/** D x R / 255 rounded to nearest, in sixteen 16-bit lanes: (X + (X >> 8)) >> 8 is (X x 257) >> 16 for 16-bit X. */
 	__attribute__((target("avx2"))) inline __m256i ScaleAvx2(__m256i D, __m256i R)
 	{
 		const __m256i X = _mm256_add_epi16(_mm256_mullo_epi16(D, R), _mm256_set1_epi16(128));
-		return _mm256_srli_epi16(_mm256_add_epi16(X, _mm256_srli_epi16(X, 8)), 8);
+		return _mm256_mulhi_epu16(X, _mm256_set1_epi16(257));
 	}
 
 	/** Eight pixels at a time with AVX2: the plain loop's arithmetic, lane by lane. */
