@@ -21,8 +21,8 @@ class FTextSpriteCache
 {
 public:
 	/**
-	 * The default cap: the sprites of the densest screen the player shows (1,300 comments in
-	 * flight at 1280x720 hold about 40 MB), with room for the comments about to come in.
+	 * The default cap: about 1,400 comments in the overlay's look (350x40-pixel sprites), a very
+	 * dense 1280x720 screen. A denser screen holds more while it lasts (see above).
 	 */
 	static constexpr int64 DefaultBudgetBytes = int64(128) << 20;
 
