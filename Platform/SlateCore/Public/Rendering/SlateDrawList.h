@@ -14,6 +14,7 @@
 #include "Math/Color.h"
 #include "Math/Vector2D.h"
 
+class FSlateWindowElementList;
 class UObject;
 struct FSlateBrush;
 
@@ -83,16 +84,16 @@ struct SLATECORE_API FSlateDrawElement
 	float Opacity = 1.0f;
 
 	/** Adds a flat Color over Box. */
-	static void MakeBox(class FSlateWindowElementList& List, const FPaintRect& Box, FColor Color, float Opacity);
+	static void MakeBox(FSlateWindowElementList& List, const FPaintRect& Box, FColor Color, float Opacity);
 	/** Adds Brush's resource scaled into Box, multiplied by Tint (the widget's colour) and Opacity. */
-	static void MakeBox(class FSlateWindowElementList& List, const FPaintRect& Box, const FSlateBrush& Brush, const FLinearColor& Tint, float Opacity);
+	static void MakeBox(FSlateWindowElementList& List, const FPaintRect& Box, const FSlateBrush& Brush, const FLinearColor& Tint, float Opacity);
 	/** Adds the four edges, Thickness pixels wide, inside Box; they do not overlap, so a translucent frame has even corners. */
-	static void MakeFrame(class FSlateWindowElementList& List, const FPaintRect& Box, int32 Thickness, FColor Color, float Opacity);
+	static void MakeFrame(FSlateWindowElementList& List, const FPaintRect& Box, int32 Thickness, FColor Color, float Opacity);
 	/** Adds Text with the top-left corner of its measured box at Position. */
-	static void MakeText(class FSlateWindowElementList& List, const FVector2D& Position, const FString& Text, const FSlateFontInfo& Font, const FLinearColor& Color,
+	static void MakeText(FSlateWindowElementList& List, const FVector2D& Position, const FString& Text, const FSlateFontInfo& Font, const FLinearColor& Color,
 		float Opacity, const FVector2D& ShadowOffset = FVector2D::ZeroVector, const FLinearColor& ShadowColor = FLinearColor(0.f, 0.f, 0.f, 0.f), float FontScale = 1.0f);
 	/** Adds a line from A to B, Thickness pixels wide. */
-	static void MakeLine(class FSlateWindowElementList& List, const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity);
+	static void MakeLine(FSlateWindowElementList& List, const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity);
 };
 
 /** The elements of one frame, in paint order: later ones are drawn over earlier ones. */
