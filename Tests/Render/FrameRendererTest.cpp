@@ -307,3 +307,34 @@ TEST(RenderFrame, SavePngWritesAFileThatReadsBackWithItsSizeAndPixels)
 	EXPECT_EQ(Read.GetWidth(), 37) << "a failed read leaves the frame as it was";
 	EXPECT_FALSE(FRenderFrame().SavePng(TEXT("/tmp/empty.png")));
 }
+
+TEST(RenderFrame, PaintsIntoAttachedMemoryWithItsStrideUntilResizedAway)
+{
+	// 3 x 2 pixels in rows of 16 bytes (4 bytes of padding), as a locked texture may hand out.
+	std::vector<uint8> Memory(32, 7);
+	FRenderFrame Frame;
+	Frame.Attach(Memory.data(), 3, 2, 16);
+	ASSERT_TRUE(Frame.IsAttached());
+	EXPECT_EQ(Frame.GetStride(), 16);
+	Frame.Resize(3, 2);
+	ASSERT_TRUE(Frame.IsAttached()) << "the same size keeps the memory";
+	Frame.Clear(FColor(1, 2, 3, 255));
+	FFramePainter(Frame, true).FillRect({1, 1, 3, 2}, FColor(200, 100, 50), 1.f);
+	EXPECT_EQ(Frame.GetPixel(2, 1), FColor(200, 100, 50));
+	EXPECT_EQ(Memory[16 + 8], 200) << "the second row starts a stride in";
+	EXPECT_EQ(Memory[12], 7) << "padding between rows is left alone";
+	EXPECT_EQ(Memory[28], 7);
+
+	const FRenderFrame Copy = Frame;
+	EXPECT_FALSE(Copy.IsAttached()) << "a copy owns its pixels";
+	EXPECT_EQ(Copy.GetStride(), 12);
+	EXPECT_EQ(Copy.GetPixel(2, 1), FColor(200, 100, 50));
+
+	Frame.Resize(4, 4);
+	EXPECT_FALSE(Frame.IsAttached()) << "another size cannot fit the memory";
+	Frame.Clear(FColor::White);
+	EXPECT_EQ(Memory[0], 1) << "and the memory is not written any more";
+
+	Frame.Attach(Memory.data(), 4, 2, 8);
+	EXPECT_FALSE(Frame.IsAttached()) << "a stride shorter than a row is refused";
+}
