@@ -1,5 +1,5 @@
 // Cached text: a run drawn from its sprite looks as the text painter draws it straight into the
-// frame, pixman and the plain loop blend the same bytes, and the cache keeps a run while its look
+// frame, pixman, the AVX2 loop and the plain loop blend the same bytes, and the cache keeps a run while its look
 // is unchanged and lets the least recently drawn go past its cap.
 
 #include "Fonts/SlateTextPainter.h"
@@ -107,7 +107,7 @@ TEST(TextSprites, LookAsTheTextDrawnStraightIntoTheFrame)
 	}
 }
 
-TEST(TextSprites, PixmanAndThePlainLoopBlendTheSameBytes)
+TEST(TextSprites, PixmanTheAvx2LoopAndThePlainLoopBlendTheSameBytes)
 {
 	std::mt19937 Random(7);
 	FTextSprite Sprite;
@@ -124,15 +124,25 @@ TEST(TextSprites, PixmanAndThePlainLoopBlendTheSameBytes)
 		}
 		Sprite.Pixels[Pixel + 3] = Alpha;
 	}
+	// A clear row and an opaque row, which the AVX2 loop skips and copies eight pixels at a time.
+	std::fill(Sprite.Pixels.begin(), Sprite.Pixels.begin() + 37 * 4, uint8(0));
+	for (size_t Pixel = 37 * 4; Pixel < 2 * 37 * 4; Pixel += 4)
+	{
+		Sprite.Pixels[Pixel + 3] = 255;
+	}
 	FRenderFrame WithPixman = MakeBackground(64, 32, 255);
 	FRenderFrame WithLoop = MakeBackground(64, 32, 255);
-	// Partly off the left and bottom edges, so both clip the same way.
+	FRenderFrame WithAvx2 = MakeBackground(64, 32, 255);
+	// Partly off the left and bottom edges, so all clip the same way; 37 wide, so the AVX2 loop
+	// has a tail of pixels that do not fill a step of eight.
 	for (const auto& [X, Y] : {std::pair{-5, 25}, std::pair{20, 3}, std::pair{50, -4}})
 	{
 		FFramePainter(WithPixman, true, ESpriteBlender::Pixman).DrawSprite(X, Y, Sprite);
 		FFramePainter(WithLoop, true, ESpriteBlender::Loop).DrawSprite(X, Y, Sprite);
+		FFramePainter(WithAvx2, true, ESpriteBlender::Avx2).DrawSprite(X, Y, Sprite);
 	}
 	EXPECT_EQ(LargestDifference(WithPixman, WithLoop), 0);
+	EXPECT_EQ(LargestDifference(WithAvx2, WithLoop), 0);
 	EXPECT_NE(LargestDifference(WithPixman, MakeBackground(64, 32, 255)), 0);
 	EXPECT_EQ(WithPixman.GetPixel(63, 31), MakeBackground(64, 32, 255).GetPixel(63, 31)) << "outside every sprite";
 }
