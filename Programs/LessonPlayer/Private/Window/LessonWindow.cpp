@@ -395,6 +395,10 @@ void FLessonWindow::DrawPicture() const
 	if (!Box.IsEmpty())
 	{
 		const SDL_Rect Target{ Box.X, Box.Y, Box.Width, Box.Height };
+		// Shown at its own size the picture needs no filtering, and a texture sampled without it
+		// is cheaper for a renderer that samples on the CPU (llvmpipe, SDL's software renderer).
+		const bool bOneToOne = Box.Width == TextureSize.X && Box.Height == TextureSize.Y;
+		SDL_SetTextureScaleMode(Texture, bOneToOne ? SDL_ScaleModeNearest : SDL_ScaleModeLinear);
 		SDL_RenderCopy(Renderer, Texture, nullptr, &Target);
 	}
 }
