@@ -99,8 +99,11 @@ void UTextBlock::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeom
 	FVector2D Position = Geometry.GetAbsolutePosition();
 	if (Justification != ETextJustify::Left)
 	{
-		// The slot may give more room than the text needs; justification places the text in it.
-		const double Spare = Geometry.GetLocalSize().X - ComputeDesiredSize().X;
+		// The slot may give more room than the text needs; justification places the text (its
+		// measured box, the shadow left out) in it. Asking for the desired size brings the
+		// measurement up to date.
+		ComputeDesiredSize();
+		const double Spare = Geometry.GetLocalSize().X - MeasuredSize.X;
 		Position.X += Justification == ETextJustify::Center ? Spare * 0.5 : Spare;
 	}
 	FSlateDrawElement::MakeText(OutDrawElements, Position, String, GetFont(), GetColorAndOpacity().GetSpecifiedColor(), Opacity, GetShadowOffset(), GetShadowColorAndOpacity());
