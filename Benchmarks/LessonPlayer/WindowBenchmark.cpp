@@ -22,7 +22,7 @@ namespace
 		FWidgetViewport::Get().SetViewportSize(FVector2D(1280.0, 720.0));
 		return true;
 	}
-}
+} // namespace
 
 static void BM_PresentUploaded720p(benchmark::State& State)
 {

@@ -67,7 +67,7 @@ namespace
 		Look.FontScale = Run.FontScale;
 		FSlateTextPainter::Get().Draw(Canvas, Run.Position, Run.Text, Look);
 	}
-}
+} // namespace
 
 TEST(TextSprites, LookAsTheTextDrawnStraightIntoTheFrame)
 {
@@ -117,7 +117,8 @@ TEST(TextSprites, PixmanTheAvx2LoopAndThePlainLoopBlendTheSameBytes)
 	for (size_t Pixel = 0; Pixel < Sprite.Pixels.size(); Pixel += 4)
 	{
 		// Premultiplied: no channel above its alpha; some pixels clear, some opaque.
-		const uint8 Alpha = static_cast<uint8>(Pixel % 12 == 0 ? 0 : Pixel % 8 == 0 ? 255 : Random() % 256);
+		const uint8 Alpha = static_cast<uint8>(Pixel % 12 == 0 ? 0 : Pixel % 8 == 0 ? 255
+		                                                                            : Random() % 256);
 		for (int32 Channel = 0; Channel < 3; ++Channel)
 		{
 			Sprite.Pixels[Pixel + Channel] = static_cast<uint8>(Alpha == 0 ? 0 : Random() % (Alpha + 1));

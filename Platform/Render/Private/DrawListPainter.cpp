@@ -47,7 +47,7 @@ namespace
 			Painter.DrawSprite(X + Sprite->OffsetX, Y + Sprite->OffsetY, *Sprite);
 		}
 	}
-}
+} // namespace
 
 void RenderDrawList::Draw(const FFramePainter& Painter, FTextSpriteCache& Sprites, const FSlateWindowElementList& List)
 {

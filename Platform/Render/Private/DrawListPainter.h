@@ -13,4 +13,4 @@ namespace RenderDrawList
 {
 	/** Draws every element of List, first to last, through Painter; text runs come from Sprites. */
 	void Draw(const FFramePainter& Painter, FTextSpriteCache& Sprites, const FSlateWindowElementList& List);
-}
+} // namespace RenderDrawList

@@ -19,7 +19,7 @@ namespace
 		X += 128u;
 		return (X + (X >> 8)) >> 8;
 	}
-}
+} // namespace
 
 FTextSprite::~FTextSprite()
 {
@@ -57,7 +57,7 @@ void RenderSprite::BlendOverOpaquePixman(pixman_image_t* Frame, const FPaintRect
 		return;
 	}
 	pixman_image_composite32(PIXMAN_OP_OVER, Sprite.Image, nullptr, Frame, Area.Left - X, Area.Top - Y, 0, 0, Area.Left, Area.Top, Area.Right - Area.Left,
-		Area.Bottom - Area.Top);
+	                         Area.Bottom - Area.Top);
 }
 
 void RenderSprite::BlendOverOpaqueLoop(uint8* Frame, int32 Stride, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite)
@@ -125,7 +125,7 @@ namespace
 			}
 		}
 	}
-}
+} // namespace
 #endif
 
 bool RenderSprite::HasAvx2()

@@ -27,4 +27,4 @@ namespace RenderSprite
 	void BlendOverOpaqueLoop(uint8* Frame, int32 Stride, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite);
 	/** Source-over onto a straight-alpha frame whose pixels may be translucent. */
 	void BlendOverStraight(uint8* Frame, int32 Stride, const FPaintRect& Area, int32 X, int32 Y, const FTextSprite& Sprite);
-}
+} // namespace RenderSprite

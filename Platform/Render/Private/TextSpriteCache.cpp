@@ -45,14 +45,15 @@ namespace
 		X += 128u;
 		return static_cast<uint8>((X + (X >> 8)) >> 8);
 	}
-}
+} // namespace
 
 bool FTextSpriteCache::FLook::operator==(const FLook& Other) const
 {
+	const bool bSameFont = bBold == Other.bBold && Size == Other.Size && FontScale == Other.FontScale && Opacity == Other.Opacity;
+	const bool bSameColours = OutlineSize == Other.OutlineSize && OutlineColor == Other.OutlineColor && Color == Other.Color;
+	const bool bSameShadow = ShadowX == Other.ShadowX && ShadowY == Other.ShadowY && ShadowColor == Other.ShadowColor;
 	// Case matters to pixels: FString's == ignores it, so the strict compare is spelled out.
-	return bBold == Other.bBold && Size == Other.Size && FontScale == Other.FontScale && Opacity == Other.Opacity && OutlineSize == Other.OutlineSize
-		&& OutlineColor == Other.OutlineColor && Color == Other.Color && ShadowX == Other.ShadowX && ShadowY == Other.ShadowY
-		&& ShadowColor == Other.ShadowColor && Text.Equals(Other.Text, ESearchCase::CaseSensitive);
+	return bSameFont && bSameColours && bSameShadow && Text.Equals(Other.Text, ESearchCase::CaseSensitive);
 }
 
 FTextSpriteCache::FTextSpriteCache() = default;

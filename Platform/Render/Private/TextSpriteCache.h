@@ -30,7 +30,11 @@ public:
 	~FTextSpriteCache();
 
 	/** Starts a frame: runs found from now on belong to it, and are kept past the cap through the next frame. */
-	void BeginFrame() { ++Frame; Trim(nullptr); }
+	void BeginFrame()
+	{
+		++Frame;
+		Trim(nullptr);
+	}
 
 	/**
 	 * The sprite of a text element, rasterised now if it is not held; valid until the next call.

@@ -64,7 +64,7 @@ void FSlateDrawElement::MakeFrame(FSlateWindowElementList& List, const FPaintRec
 }
 
 void FSlateDrawElement::MakeText(FSlateWindowElementList& List, const FVector2D& Position, const FString& Text, const FSlateFontInfo& Font, const FLinearColor& Color,
-	float Opacity, const FVector2D& ShadowOffset, const FLinearColor& ShadowColor, float FontScale)
+                                 float Opacity, const FVector2D& ShadowOffset, const FLinearColor& ShadowColor, float FontScale)
 {
 	FSlateDrawElement& Element = List.Add();
 	Element.Kind = ESlateDrawElementKind::Text;

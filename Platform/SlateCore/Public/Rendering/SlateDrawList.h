@@ -91,7 +91,7 @@ struct SLATECORE_API FSlateDrawElement
 	static void MakeFrame(FSlateWindowElementList& List, const FPaintRect& Box, int32 Thickness, FColor Color, float Opacity);
 	/** Adds Text with the top-left corner of its measured box at Position. */
 	static void MakeText(FSlateWindowElementList& List, const FVector2D& Position, const FString& Text, const FSlateFontInfo& Font, const FLinearColor& Color,
-		float Opacity, const FVector2D& ShadowOffset = FVector2D::ZeroVector, const FLinearColor& ShadowColor = FLinearColor(0.f, 0.f, 0.f, 0.f), float FontScale = 1.0f);
+	                     float Opacity, const FVector2D& ShadowOffset = FVector2D::ZeroVector, const FLinearColor& ShadowColor = FLinearColor(0.f, 0.f, 0.f, 0.f), float FontScale = 1.0f);
 	/** Adds a line from A to B, Thickness pixels wide. */
 	static void MakeLine(FSlateWindowElementList& List, const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity);
 };

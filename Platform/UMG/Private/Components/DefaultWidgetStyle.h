@@ -22,4 +22,4 @@ namespace DefaultWidgetStyle
 	inline const FColor Tick(240, 240, 240);
 	/** A button's or combo box's face. */
 	inline const FColor ButtonFace(90, 90, 90);
-}
+} // namespace DefaultWidgetStyle
