@@ -8,7 +8,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev libsimdjson-dev
   rapidjson-dev
   libfreetype-dev fonts-noto-cjk fonts-dejavu-core
-  libpng-dev
+  libpng-dev libpixman-1-dev
   libavformat-dev libavcodec-dev libswscale-dev libswresample-dev libavutil-dev ffmpeg
   libsdl2-dev xvfb xdotool
   clang-14 libclang-rt-14-dev

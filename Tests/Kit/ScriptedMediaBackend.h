@@ -34,6 +34,9 @@ struct FScriptedMedia
 	bool bHoldSeeks = false;
 	/** Sample value of the constant sound the media plays, on both channels. */
 	float AudioLevel = 0.5f;
+	/** Size of the pictures in pixels (a benchmark asks for a lesson's size; tests keep them tiny). */
+	int32 PictureWidth = 2;
+	int32 PictureHeight = 2;
 
 	/** Every call received, oldest first (queries such as GetTime are left out). */
 	TArray<FScriptedMediaCall> Calls;
@@ -189,16 +192,20 @@ public:
 			return nullptr;
 		}
 		Script->bPictureWaiting = false;
-		// A 2x2 picture whose red channel counts the pictures, so a test can tell them apart.
-		auto Pixels = std::make_shared<std::vector<uint8>>(16, static_cast<uint8>(255));
-		for (int32 Pixel = 0; Pixel < 4; ++Pixel)
+		// An opaque cyan picture (2x2 unless asked) whose red channel counts the pictures, so a
+		// test can tell them apart.
+		const int32 Width = FMath::Max(1, Script->PictureWidth);
+		const int32 Height = FMath::Max(1, Script->PictureHeight);
+		const size_t PixelCount = static_cast<size_t>(Width) * static_cast<size_t>(Height);
+		auto Pixels = std::make_shared<std::vector<uint8>>(PixelCount * 4, static_cast<uint8>(255));
+		for (size_t Pixel = 0; Pixel < PixelCount; ++Pixel)
 		{
 			(*Pixels)[Pixel * 4] = static_cast<uint8>(Script->PicturesMade);
 		}
 		TSharedPtr<FMediaTextureSample> Sample = MakeShared<FMediaTextureSample>();
-		Sample->Width = 2;
-		Sample->Height = 2;
-		Sample->Stride = 8;
+		Sample->Width = Width;
+		Sample->Height = Height;
+		Sample->Stride = Width * 4;
 		Sample->Time = Script->Time;
 		Sample->Pixels = Pixels->data();
 		Sample->Storage = Pixels;

@@ -230,6 +230,31 @@ TEST_F(LessonWindowTest, ShowsThePresentedFrameLetterboxedInWindowsOfOtherAspect
 	EXPECT_TRUE(Near(Shown.GetPixel(300, 150), Left));
 	EXPECT_TRUE(Near(Shown.GetPixel(600, 150), Right));
 	EXPECT_TRUE(Near(Shown.GetPixel(850, 150), Black)) << "right bar";
+
+	// Painted straight into the window's picture: the colours swapped, rows as far apart as SDL keeps them.
+	FWidgetViewport::Get().SetViewportSize(FVector2D(1280.0, 720.0));
+	FRenderFrame InPlace;
+	ASSERT_TRUE(Window.BeginPicture(InPlace));
+	ASSERT_TRUE(InPlace.IsAttached());
+	ASSERT_EQ(InPlace.GetWidth(), 1280);
+	InPlace.Clear(Left);
+	for (int32 Y = 0; Y < 720; ++Y)
+	{
+		for (int32 X = 0; X < 640; ++X)
+		{
+			uint8* Pixel = InPlace.GetData() + Y * InPlace.GetStride() + X * 4;
+			Pixel[0] = Right.R;
+			Pixel[1] = Right.G;
+			Pixel[2] = Right.B;
+		}
+	}
+	Window.Present(InPlace);
+	EXPECT_FALSE(InPlace.IsAttached()) << "the window takes its memory back when it shows it";
+	EXPECT_EQ(InPlace.GetWidth(), 0);
+	ASSERT_TRUE(Window.CaptureWindow(Shown));
+	EXPECT_TRUE(Near(Shown.GetPixel(300, 150), Right));
+	EXPECT_TRUE(Near(Shown.GetPixel(600, 150), Left));
+	EXPECT_TRUE(Near(Shown.GetPixel(850, 150), Black));
 }
 
 TEST_F(LessonWindowTest, ClicksReachTheViewportAtTheMappedPosition)

@@ -23,6 +23,7 @@
 #include "MediaPlayer.h"
 #include "MediaTexture.h"
 #include "RenderFrame.h"
+#include "FrameRendererTestTypes.h"
 #include "Slate/WidgetViewport.h"
 #include "UObject/Package.h"
 
@@ -235,6 +236,22 @@ TEST(FrameRenderer, OnScreenMessagesAppearAtTheTopLeftInTheirColour)
 	EXPECT_EQ(CountPixels(Frame, 0, 40, 320, 240, IsRed), 0) << "one line stays at the top";
 }
 
+TEST(FrameRenderer, DrawsAWidgetItHasNeverHeardOfByWhatItPaints)
+{
+	FScene Scene;
+	UTestSwatch* Swatch = Scene.Add<UTestSwatch>(FVector2D(20, 30), FVector2D(100, 40));
+	Swatch->Color = FColor(0, 0, 255);
+	Swatch->Label = TEXT("Swatch");
+	const FRenderFrame Frame = Scene.Render();
+	auto IsBlue = [](FColor C) { return C.B > 200 && C.R < 60 && C.G < 60; };
+	EXPECT_GT(CountPixels(Frame, 20, 30, 120, 70, IsBlue), 100 * 40 * 3 / 4) << "its box, mostly uncovered by the label";
+	EXPECT_GT(CountPixels(Frame, 20, 30, 120, 70, IsBright), 20) << "its label over the box";
+	EXPECT_EQ(CountPixels(Frame, 0, 0, 320, 240, IsBlue), CountPixels(Frame, 20, 30, 120, 70, IsBlue)) << "nothing outside its box";
+
+	Swatch->SetRenderOpacity(0.f);
+	EXPECT_EQ(CountPixels(Scene.Render(), 0, 0, 320, 240, [](FColor C) { return !IsBlack(C); }), 0) << "at opacity 0 it shows nothing";
+}
+
 TEST(FramePainter, ScalesPicturesSmoothlyAndStaysInsideTheClip)
 {
 	// Two texels, black then white, stretched over 100 pixels: a ramp with pure ends.
@@ -289,4 +306,35 @@ TEST(RenderFrame, SavePngWritesAFileThatReadsBackWithItsSizeAndPixels)
 	EXPECT_FALSE(Read.LoadPng(TEXT("/nonexistent-folder/frame.png")));
 	EXPECT_EQ(Read.GetWidth(), 37) << "a failed read leaves the frame as it was";
 	EXPECT_FALSE(FRenderFrame().SavePng(TEXT("/tmp/empty.png")));
+}
+
+TEST(RenderFrame, PaintsIntoAttachedMemoryWithItsStrideUntilResizedAway)
+{
+	// 3 x 2 pixels in rows of 16 bytes (4 bytes of padding), as a locked texture may hand out.
+	std::vector<uint8> Memory(32, 7);
+	FRenderFrame Frame;
+	Frame.Attach(Memory.data(), 3, 2, 16);
+	ASSERT_TRUE(Frame.IsAttached());
+	EXPECT_EQ(Frame.GetStride(), 16);
+	Frame.Resize(3, 2);
+	ASSERT_TRUE(Frame.IsAttached()) << "the same size keeps the memory";
+	Frame.Clear(FColor(1, 2, 3, 255));
+	FFramePainter(Frame, true).FillRect({1, 1, 3, 2}, FColor(200, 100, 50), 1.f);
+	EXPECT_EQ(Frame.GetPixel(2, 1), FColor(200, 100, 50));
+	EXPECT_EQ(Memory[16 + 8], 200) << "the second row starts a stride in";
+	EXPECT_EQ(Memory[12], 7) << "padding between rows is left alone";
+	EXPECT_EQ(Memory[28], 7);
+
+	const FRenderFrame Copy = Frame;
+	EXPECT_FALSE(Copy.IsAttached()) << "a copy owns its pixels";
+	EXPECT_EQ(Copy.GetStride(), 12);
+	EXPECT_EQ(Copy.GetPixel(2, 1), FColor(200, 100, 50));
+
+	Frame.Resize(4, 4);
+	EXPECT_FALSE(Frame.IsAttached()) << "another size cannot fit the memory";
+	Frame.Clear(FColor::White);
+	EXPECT_EQ(Memory[0], 1) << "and the memory is not written any more";
+
+	Frame.Attach(Memory.data(), 4, 2, 8);
+	EXPECT_FALSE(Frame.IsAttached()) << "a stride shorter than a row is refused";
 }

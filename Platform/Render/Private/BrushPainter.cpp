@@ -3,7 +3,6 @@
 #include "FramePainter.h"
 #include "Materials/Material.h"
 #include "MediaTexture.h"
-#include "Styling/SlateBrush.h"
 #include "Templates/Casts.h"
 
 namespace
@@ -27,10 +26,9 @@ namespace
 	}
 }
 
-void RenderBrush::Paint(const FFramePainter& Painter, const FPaintRect& Box, const FSlateBrush& Brush, const FLinearColor& Color, float Opacity)
+void RenderBrush::Paint(const FFramePainter& Painter, const FPaintRect& Box, UObject* Resource, const FLinearColor& BrushTint, float Opacity)
 {
-	FLinearColor Tint = Brush.TintColor.GetSpecifiedColor() * Color;
-	UObject* Resource = Brush.GetResourceObject();
+	FLinearColor Tint = BrushTint;
 	const UMediaTexture* Video = FindVideo(Resource, Tint);
 	if (Video)
 	{

@@ -6,12 +6,12 @@
 #include "CoreMinimal.h"
 
 class FFramePainter;
+class UObject;
 struct FLinearColor;
 struct FPaintRect;
-struct FSlateBrush;
 
 namespace RenderBrush
 {
-	/** Draws Brush into Box, multiplied by Color (the widget's brush or image colour) and Opacity. */
-	void Paint(const FFramePainter& Painter, const FPaintRect& Box, const FSlateBrush& Brush, const FLinearColor& Color, float Opacity);
+	/** Draws a brush's Resource into Box, multiplied by Tint (the brush's tint times the widget's colour) and Opacity. */
+	void Paint(const FFramePainter& Painter, const FPaintRect& Box, UObject* Resource, const FLinearColor& Tint, float Opacity);
 }

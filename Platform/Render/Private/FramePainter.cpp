@@ -2,6 +2,8 @@
 
 #include "MediaTextureSample.h"
 #include "RenderFrame.h"
+#include "SpriteBlend.h"
+#include "TextSprite.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +44,24 @@ namespace
 		Dest[3] = static_cast<uint8>((OutAlpha255 + 127u) / 255u);
 	}
 
+	/** X / 255 rounded to nearest, exact for X up to 255 * 255. */
+	inline uint8 DivideBy255(uint32 X)
+	{
+		X += 128u;
+		return static_cast<uint8>((X + (X >> 8)) >> 8);
+	}
+
+	/** True when every pixel of the row is opaque. */
+	bool IsOpaqueRow(const uint8* Pixels, int32 Count)
+	{
+		uint8 All = 255;
+		for (int32 Index = 0; Index < Count; ++Index)
+		{
+			All &= Pixels[Index * 4 + 3];
+		}
+		return All == 255;
+	}
+
 	/** Colour alpha times opacity, as a byte. */
 	inline uint32 EffectiveAlpha(uint8 Alpha, float Opacity)
 	{
@@ -50,26 +70,43 @@ namespace
 	}
 }
 
-FPaintRect FPaintRect::Intersect(const FPaintRect& Other) const
+FFramePainter::FFramePainter(FRenderFrame& InFrame, bool bInOpaqueFrame, ESpriteBlender InBlender)
+	: Frame(InFrame), Clip{0, 0, InFrame.GetWidth(), InFrame.GetHeight()}, bOpaqueFrame(bInOpaqueFrame), Blender(InBlender)
 {
-	return {std::max(Left, Other.Left), std::max(Top, Other.Top), std::min(Right, Other.Right), std::min(Bottom, Other.Bottom)};
 }
 
-FPaintRect FPaintRect::FromBox(const FVector2D& Position, const FVector2D& Size)
+FFramePainter::~FFramePainter()
 {
-	// Rounding both edges (not position and size) keeps neighbouring boxes from gapping or overlapping.
-	const double Left = std::round(Position.X);
-	const double Top = std::round(Position.Y);
-	const double Right = std::round(Position.X + Size.X);
-	const double Bottom = std::round(Position.Y + Size.Y);
-	// Far-off boxes (a widget translated away) are kept in int range; the clip drops them anyway.
-	auto ToInt = [](double Value) { return static_cast<int32>(std::clamp(Value, -16777216.0, 16777216.0)); };
-	return {ToInt(Left), ToInt(Top), ToInt(Right), ToInt(Bottom)};
+	RenderSprite::ReleaseImage(FrameImage);
 }
 
-FFramePainter::FFramePainter(FRenderFrame& InFrame)
-	: Frame(InFrame), Clip{0, 0, InFrame.GetWidth(), InFrame.GetHeight()}
+void FFramePainter::DrawSprite(int32 X, int32 Y, const FTextSprite& Sprite) const
 {
+	const FPaintRect Area = FPaintRect{X, Y, X + Sprite.Width, Y + Sprite.Height}.Intersect(Clip);
+	if (Area.IsEmpty())
+	{
+		return;
+	}
+	if (!bOpaqueFrame)
+	{
+		RenderSprite::BlendOverStraight(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
+	else if (Blender == ESpriteBlender::Pixman)
+	{
+		if (!FrameImage)
+		{
+			FrameImage = RenderSprite::WrapImage(Frame.GetData(), Frame.GetWidth(), Frame.GetHeight(), Frame.GetStride());
+		}
+		RenderSprite::BlendOverOpaquePixman(FrameImage, Area, X, Y, Sprite);
+	}
+	else if (Blender == ESpriteBlender::Avx2)
+	{
+		RenderSprite::BlendOverOpaqueAvx2(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
+	else
+	{
+		RenderSprite::BlendOverOpaqueLoop(Frame.GetData(), Frame.GetStride(), Area, X, Y, Sprite);
+	}
 }
 
 void FFramePainter::SetClip(const FPaintRect& Rect)
@@ -87,28 +124,43 @@ void FFramePainter::FillRect(const FPaintRect& Rect, FColor Color, float Opacity
 	}
 	uint8* Data = Frame.GetData();
 	const int32 Stride = Frame.GetStride();
+	if (Alpha >= 255)
+	{
+		// Opaque: the colour replaces the pixels, one 32-bit store each.
+		const uint8 Texel[4] = {Color.R, Color.G, Color.B, 255};
+		uint32 Word;
+		std::memcpy(&Word, Texel, 4);
+		for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
+		{
+			uint32* Row = reinterpret_cast<uint32*>(Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride)) + Area.Left;
+			std::fill(Row, Row + (Area.Right - Area.Left), Word);
+		}
+		return;
+	}
+	// Over an opaque pixel the straight-alpha blend is (source x alpha + pixel x (255 - alpha)) / 255
+	// rounded, the same bytes BlendTexel gives, without its division per channel.
+	const uint32 Rest = 255u - Alpha;
+	const uint32 WeightedR = Color.R * Alpha;
+	const uint32 WeightedG = Color.G * Alpha;
+	const uint32 WeightedB = Color.B * Alpha;
 	for (int32 Y = Area.Top; Y < Area.Bottom; ++Y)
 	{
 		uint8* Row = Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride);
 		for (int32 X = Area.Left; X < Area.Right; ++X)
 		{
-			BlendTexel(Row + X * 4, Color.R, Color.G, Color.B, Alpha);
+			uint8* Pixel = Row + X * 4;
+			if (Pixel[3] == 255)
+			{
+				Pixel[0] = DivideBy255(WeightedR + Pixel[0] * Rest);
+				Pixel[1] = DivideBy255(WeightedG + Pixel[1] * Rest);
+				Pixel[2] = DivideBy255(WeightedB + Pixel[2] * Rest);
+			}
+			else
+			{
+				BlendTexel(Pixel, Color.R, Color.G, Color.B, Alpha);
+			}
 		}
 	}
-}
-
-void FFramePainter::FrameRect(const FPaintRect& Rect, int32 Thickness, FColor Color, float Opacity) const
-{
-	const int32 T = std::max(1, std::min({Thickness, (Rect.Right - Rect.Left) / 2, (Rect.Bottom - Rect.Top) / 2}));
-	if (Rect.IsEmpty())
-	{
-		return;
-	}
-	// Four strips that do not overlap, so a translucent frame has no darker corners.
-	FillRect({Rect.Left, Rect.Top, Rect.Right, Rect.Top + T}, Color, Opacity);
-	FillRect({Rect.Left, Rect.Bottom - T, Rect.Right, Rect.Bottom}, Color, Opacity);
-	FillRect({Rect.Left, Rect.Top + T, Rect.Left + T, Rect.Bottom - T}, Color, Opacity);
-	FillRect({Rect.Right - T, Rect.Top + T, Rect.Right, Rect.Bottom - T}, Color, Opacity);
 }
 
 void FFramePainter::DrawLine(const FVector2D& A, const FVector2D& B, float Thickness, FColor Color, float Opacity) const
@@ -157,6 +209,12 @@ void FFramePainter::DrawPicture(const FPaintRect& Rect, const FMediaTextureSampl
 		{
 			const uint8* In = Sample.Pixels + static_cast<size_t>(Y - Rect.Top) * static_cast<size_t>(Sample.Stride) + static_cast<size_t>(Area.Left - Rect.Left) * 4u;
 			uint8* Out = Data + static_cast<size_t>(Y) * static_cast<size_t>(Stride) + static_cast<size_t>(Area.Left) * 4u;
+			// A decoded video is opaque: such a row is one copy.
+			if (IsOpaqueRow(In, Area.Right - Area.Left))
+			{
+				std::memcpy(Out, In, static_cast<size_t>(Area.Right - Area.Left) * 4u);
+				continue;
+			}
 			for (int32 X = Area.Left; X < Area.Right; ++X, In += 4, Out += 4)
 			{
 				if (In[3] == 255)

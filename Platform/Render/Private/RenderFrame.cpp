@@ -5,12 +5,65 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <cstring>
 
 DEFINE_LOG_CATEGORY(LogRender);
 
+FRenderFrame::FRenderFrame(const FRenderFrame& Other)
+{
+	*this = Other;
+}
+
+FRenderFrame& FRenderFrame::operator=(const FRenderFrame& Other)
+{
+	if (this == &Other)
+	{
+		return *this;
+	}
+	Detach();
+	Resize(Other.Width, Other.Height);
+	for (int32 Y = 0; Y < Height; ++Y)
+	{
+		std::memcpy(Pixels.data() + static_cast<size_t>(Y) * Width * 4, Other.GetData() + static_cast<size_t>(Y) * Other.GetStride(), static_cast<size_t>(Width) * 4);
+	}
+	return *this;
+}
+
+void FRenderFrame::Attach(uint8* InPixels, int32 InWidth, int32 InHeight, int32 InStride)
+{
+	if (!InPixels || InWidth <= 0 || InHeight <= 0 || InStride < InWidth * 4 || InStride % 4 != 0)
+	{
+		Detach();
+		return;
+	}
+	External = InPixels;
+	ExternalStride = InStride;
+	Width = InWidth;
+	Height = InHeight;
+}
+
+void FRenderFrame::Detach()
+{
+	if (External)
+	{
+		External = nullptr;
+		ExternalStride = 0;
+		Width = 0;
+		Height = 0;
+	}
+}
+
 void FRenderFrame::Resize(int32 InWidth, int32 InHeight)
 {
+	if (External)
+	{
+		if (InWidth == Width && InHeight == Height)
+		{
+			return;
+		}
+		Detach();
+	}
 	Width = InWidth > 0 && InHeight > 0 ? InWidth : 0;
 	Height = Width > 0 ? InHeight : 0;
 	// resize keeps capacity, so a frame rendered every tick at one size allocates once.
@@ -20,9 +73,13 @@ void FRenderFrame::Resize(int32 InWidth, int32 InHeight)
 void FRenderFrame::Clear(FColor Color)
 {
 	const uint8 Texel[4] = {Color.R, Color.G, Color.B, Color.A};
-	for (size_t Offset = 0; Offset < Pixels.size(); Offset += 4)
+	uint32 Word;
+	std::memcpy(&Word, Texel, 4);
+	for (int32 Y = 0; Y < Height; ++Y)
 	{
-		std::memcpy(&Pixels[Offset], Texel, 4);
+		// One 32-bit store a pixel; the compiler turns the loop into wide stores.
+		uint32* Row = reinterpret_cast<uint32*>(GetData() + static_cast<size_t>(Y) * GetStride());
+		std::fill(Row, Row + Width, Word);
 	}
 }
 
@@ -32,7 +89,7 @@ FColor FRenderFrame::GetPixel(int32 X, int32 Y) const
 	{
 		return FColor(0, 0, 0, 0);
 	}
-	const uint8* Texel = &Pixels[(static_cast<size_t>(Y) * static_cast<size_t>(Width) + static_cast<size_t>(X)) * 4u];
+	const uint8* Texel = GetData() + static_cast<size_t>(Y) * static_cast<size_t>(GetStride()) + static_cast<size_t>(X) * 4u;
 	return FColor(Texel[0], Texel[1], Texel[2], Texel[3]);
 }
 
@@ -54,7 +111,7 @@ bool FRenderFrame::SavePng(const FString& Path) const
 	// Screenshots are taken while a lesson plays: speed over size. On a 1280x720 frame of the
 	// sample lesson this writes in 15 ms instead of 52 ms, for a file 4% larger.
 	Image.flags = PNG_IMAGE_FLAG_FAST;
-	const int Written = png_image_write_to_file(&Image, FTCHARToUTF8(*Path).Get(), 0, Pixels.data(), GetStride(), nullptr);
+	const int Written = png_image_write_to_file(&Image, FTCHARToUTF8(*Path).Get(), 0, GetData(), GetStride(), nullptr);
 	if (!Written)
 	{
 		UE_LOG(LogRender, Error, TEXT("Cannot write %s: %s"), *Path, FUTF8ToTCHAR(Image.message).Get());
@@ -82,6 +139,7 @@ bool FRenderFrame::LoadPng(const FString& Path)
 		png_image_free(&Image);
 		return false;
 	}
+	Detach();
 	Width = static_cast<int32>(Image.width);
 	Height = static_cast<int32>(Image.height);
 	Pixels = std::move(Read);

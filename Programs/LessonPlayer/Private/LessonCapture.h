@@ -36,6 +36,14 @@ public:
 
 	/** The last painted frame. */
 	const FRenderFrame& GetFrame() const { return Frame; }
+	/**
+	 * The frame, for a window to attach to its own picture so the next frame is painted straight
+	 * into it; null when something reads the frame after it was shown (a recording, screenshots),
+	 * since the window takes the memory back when it shows it.
+	 */
+	FRenderFrame* GetFrameToPaintInPlace() { return Recorder.IsOpen() || !ScreenshotDir.IsEmpty() ? nullptr : &Frame; }
+	/** How the renderer's text cache has fared. */
+	FTextSpriteCacheStats GetTextCacheStats() const { return Renderer.GetTextCacheStats(); }
 	/** Screenshots written so far. */
 	int32 GetScreenshotCount() const { return ScreenshotCount; }
 	/** Seconds spent handing frames to the recorder. */

@@ -107,3 +107,11 @@ void FLessonRunStats::PrintSummary(double LoopSeconds, double RecordingSeconds) 
 	Line("recording (encode)", RecordingSeconds);
 	Line("other (host, screenshots)", FMath::Max(0.0, Wall - Sum.Total() - RecordingSeconds));
 }
+
+void FLessonRunStats::PrintTextCache(const FTextSpriteCacheStats& TextCache) const
+{
+	const int64 Runs = TextCache.Hits + TextCache.Misses;
+	fprintf(stderr, "  text runs drawn: %lld, %.2f%% rasterised (%lld), %lld dropped past the cap; cache %d runs, %.1f MB\n", static_cast<long long>(Runs),
+		Runs > 0 ? 100.0 * static_cast<double>(TextCache.Misses) / static_cast<double>(Runs) : 0.0, static_cast<long long>(TextCache.Misses),
+		static_cast<long long>(TextCache.Evictions), TextCache.Entries, static_cast<double>(TextCache.Bytes) / (1024.0 * 1024.0));
+}

@@ -4,6 +4,7 @@
 // shows on the terminal while it works.
 
 #include "CoreMinimal.h"
+#include "FrameRenderer.h"
 #include "LaunchEngineLoop.h"
 
 /** Sums of the frame loop's step timings over a run, with the progress display. */
@@ -27,6 +28,8 @@ public:
 
 	/** Prints the per-step share of the frames and the realtime multiple, plus the recorder's share. */
 	void PrintSummary(double LoopSeconds, double RecordingSeconds) const;
+	/** Prints how often drawn text came from the renderer's cache, and the cache's size. */
+	void PrintTextCache(const FTextSpriteCacheStats& TextCache) const;
 
 	/** Frames counted. */
 	int64 GetFrames() const { return Frames; }

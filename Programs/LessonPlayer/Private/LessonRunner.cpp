@@ -84,6 +84,7 @@ namespace
 		if (Options.bStats)
 		{
 			Stats.PrintSummary(LoopSeconds, Capture.GetRecordingSeconds());
+			Stats.PrintTextCache(Capture.GetTextCacheStats());
 		}
 		return Session.HasPlayedAnything() && bRecorded ? 0 : 1;
 	}
@@ -149,6 +150,8 @@ int32 LessonRunner::RunInWindow(FLessonSession& Session, FHeadlessApplication& A
 	FLessonRunStats Stats;
 	TArray<ELessonKey> Keys;
 	bool bOpen = true;
+	// Unless a recording or screenshots read the frame after it is shown, it is painted in the window's own picture.
+	FRenderFrame* PaintInPlace = Capture.GetFrameToPaintInPlace();
 	while (bOpen && !IsRunOver(Session, App.GetLoop().GetLoopSeconds(), Options, false))
 	{
 		Keys.Reset();
@@ -167,6 +170,10 @@ int32 LessonRunner::RunInWindow(FLessonSession& Session, FHeadlessApplication& A
 			{
 				Session.HandleKey(Key);
 			}
+		}
+		if (PaintInPlace)
+		{
+			Window.BeginPicture(*PaintInPlace);
 		}
 		Session.Tick(Step);
 		Stats.AddFrame(App.GetLoop().GetLastFrameTimings(), Session.CountCommentsInFlight());

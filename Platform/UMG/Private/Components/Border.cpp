@@ -1,4 +1,5 @@
 #include "Components/Border.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Components/BorderSlot.h"
 #include "Components/SingleChildLayout.h"
@@ -54,4 +55,9 @@ FVector2D UBorder::ComputeDesiredSize() const
 void UBorder::ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const
 {
 	UE::UMG::ArrangeContent<UBorderSlot>(Slots, AllottedGeometry, OutChildren);
+}
+
+void UBorder::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	FSlateDrawElement::MakeBox(OutDrawElements, FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize()), Background, GetBrushColor(), Opacity);
 }

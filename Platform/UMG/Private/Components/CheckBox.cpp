@@ -1,4 +1,6 @@
 #include "Components/CheckBox.h"
+#include "Components/DefaultWidgetStyle.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Components/PanelSlot.h"
 #include "Components/SlotArrangement.h"
@@ -76,4 +78,27 @@ void UCheckBox::HandlePointerReleased(const FGeometry& MyGeometry, const FPointe
 	// A click toggles; an undetermined box becomes checked.
 	SetIsChecked(!IsChecked());
 	OnCheckStateChanged.Broadcast(IsChecked());
+}
+
+void UCheckBox::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	// The 16 x 16 box sits at the left, centred vertically; any content is laid out beside it.
+	const FPaintRect Box = FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize());
+	const int32 Top = (Box.Top + Box.Bottom) / 2 - 8;
+	const FPaintRect Square{Box.Left, Top, Box.Left + 16, Top + 16};
+	FSlateDrawElement::MakeBox(OutDrawElements, Square, DefaultWidgetStyle::BoxInside, Opacity);
+	FSlateDrawElement::MakeFrame(OutDrawElements, Square, 1, DefaultWidgetStyle::BoxEdge, Opacity);
+	const FVector2D Origin(Square.Left, Square.Top);
+	switch (GetCheckedState())
+	{
+	case ECheckBoxState::Checked:
+		FSlateDrawElement::MakeLine(OutDrawElements, Origin + FVector2D(3.5, 8.5), Origin + FVector2D(6.5, 11.5), 2.0f, DefaultWidgetStyle::Tick, Opacity);
+		FSlateDrawElement::MakeLine(OutDrawElements, Origin + FVector2D(6.5, 11.5), Origin + FVector2D(12.5, 4.5), 2.0f, DefaultWidgetStyle::Tick, Opacity);
+		break;
+	case ECheckBoxState::Undetermined:
+		FSlateDrawElement::MakeBox(OutDrawElements, {Square.Left + 4, Square.Top + 7, Square.Right - 4, Square.Top + 9}, DefaultWidgetStyle::Tick, Opacity);
+		break;
+	default:
+		break;
+	}
 }

@@ -1,4 +1,6 @@
 #include "Components/ComboBoxString.h"
+#include "Components/DefaultWidgetStyle.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Fonts/FontMeasure.h"
 
@@ -132,4 +134,16 @@ FVector2D UComboBoxString::ComputeDesiredSize() const
 	}
 	const double Height = Measure.GetMaxCharacterHeight(GetFont());
 	return FVector2D(Width + 2.0 * ComboPaddingX + ComboArrowWidth, Height + 2.0 * ComboPaddingY);
+}
+
+void UComboBoxString::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	const FPaintRect Box = FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize());
+	FSlateDrawElement::MakeBox(OutDrawElements, Box, DefaultWidgetStyle::ButtonFace, Opacity);
+	FSlateDrawElement::MakeFrame(OutDrawElements, Box, 1, DefaultWidgetStyle::BoxEdge, Opacity);
+	const FVector2D Arrow(Box.Right - 14, (Box.Top + Box.Bottom) / 2 - 2);
+	FSlateDrawElement::MakeLine(OutDrawElements, Arrow, Arrow + FVector2D(4, 4), 1.5f, DefaultWidgetStyle::Tick, Opacity);
+	FSlateDrawElement::MakeLine(OutDrawElements, Arrow + FVector2D(4, 4), Arrow + FVector2D(8, 0), 1.5f, DefaultWidgetStyle::Tick, Opacity);
+	FSlateDrawElement::MakeText(OutDrawElements, Geometry.GetAbsolutePosition() + FVector2D(4, 2), GetSelectedOption(), FSlateFontInfo(FName(TEXT("Regular")), 10),
+		FLinearColor::White, Opacity);
 }

@@ -1,4 +1,5 @@
 #include "Components/Image.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Materials/MaterialInterface.h"
 
@@ -50,3 +51,8 @@ void UImage::SetBrushFromMaterial(UMaterialInterface* Material)
 }
 
 PRAGMA_ENABLE_DEPRECATION_WARNINGS
+
+void UImage::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	FSlateDrawElement::MakeBox(OutDrawElements, FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize()), GetBrush(), GetColorAndOpacity(), Opacity);
+}

@@ -1,4 +1,8 @@
 #include "Components/Slider.h"
+#include "Components/DefaultWidgetStyle.h"
+#include "Rendering/SlateDrawList.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -119,4 +123,18 @@ void USlider::CommitPointerValue(const FGeometry& MyGeometry, const FPointerEven
 		SetValue(NewValue);
 		OnValueChanged.Broadcast(NewValue);
 	}
+}
+
+void USlider::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	const FPaintRect Box = FPaintRect::FromBox(Geometry.GetAbsolutePosition(), Geometry.GetLocalSize());
+	const int32 Width = Box.Right - Box.Left;
+	const int32 Middle = (Box.Top + Box.Bottom) / 2;
+	const int32 ThumbWidth = std::min(8, Width);
+	const float Value = FMath::Clamp(GetNormalizedValue(), 0.0f, 1.0f);
+	// The thumb's centre travels between half a thumb from each end, so it never leaves the box.
+	const int32 ThumbLeft = Box.Left + static_cast<int32>(static_cast<float>(Width - ThumbWidth) * Value + 0.5f);
+	FSlateDrawElement::MakeBox(OutDrawElements, {Box.Left, Middle - 2, Box.Right, Middle + 2}, DefaultWidgetStyle::Track, Opacity);
+	FSlateDrawElement::MakeBox(OutDrawElements, {Box.Left, Middle - 2, ThumbLeft, Middle + 2}, DefaultWidgetStyle::TrackFill, Opacity);
+	FSlateDrawElement::MakeBox(OutDrawElements, {ThumbLeft, Box.Top, ThumbLeft + ThumbWidth, Box.Bottom}, DefaultWidgetStyle::Thumb, Opacity);
 }

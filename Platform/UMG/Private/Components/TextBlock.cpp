@@ -1,4 +1,5 @@
 #include "Components/TextBlock.h"
+#include "Rendering/SlateDrawList.h"
 
 #include "Fonts/FontMeasure.h"
 
@@ -86,4 +87,24 @@ FVector2D UTextBlock::ComputeDesiredSize() const
 	}
 	const FVector2D Shadow = GetShadowOffset();
 	return MeasuredSize + FVector2D(FMath::Abs(Shadow.X), FMath::Abs(Shadow.Y));
+}
+
+void UTextBlock::PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const
+{
+	const FString String = GetText().ToString();
+	if (String.IsEmpty())
+	{
+		return;
+	}
+	FVector2D Position = Geometry.GetAbsolutePosition();
+	if (Justification != ETextJustify::Left)
+	{
+		// The slot may give more room than the text needs; justification places the text (its
+		// measured box, the shadow left out) in it. Asking for the desired size brings the
+		// measurement up to date.
+		ComputeDesiredSize();
+		const double Spare = Geometry.GetLocalSize().X - MeasuredSize.X;
+		Position.X += Justification == ETextJustify::Center ? Spare * 0.5 : Spare;
+	}
+	FSlateDrawElement::MakeText(OutDrawElements, Position, String, GetFont(), GetColorAndOpacity().GetSpecifiedColor(), Opacity, GetShadowOffset(), GetShadowColorAndOpacity());
 }

@@ -55,7 +55,18 @@ public:
 			Paint(Child, Translation, Opacity, Visitor);
 		}
 	}
+
+	static void PaintSelf(const UWidget& Widget, FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity);
 };
+
+void FWidgetLayout::PaintSelf(const UWidget& Widget, FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity)
+{
+	// Nothing a widget draws at opacity 0 can show, so it is not asked.
+	if (Opacity > 0.0f)
+	{
+		Widget.PaintSelf(OutDrawElements, Geometry, Opacity);
+	}
+}
 
 void FWidgetViewport::Layout()
 {
@@ -78,4 +89,11 @@ void FWidgetViewport::ForEachPaintedWidget(TFunctionRef<void(UWidget& Widget, co
 	{
 		FWidgetLayout::Paint(Entry.Widget.Get(), FVector2D::ZeroVector, 1.0f, Visitor);
 	}
+}
+
+void FWidgetViewport::Paint(FSlateWindowElementList& OutDrawElements) const
+{
+	ForEachPaintedWidget([&OutDrawElements](UWidget& Widget, const FGeometry& Geometry, float Opacity) {
+		FWidgetLayout::PaintSelf(Widget, OutDrawElements, Geometry, Opacity);
+	});
 }

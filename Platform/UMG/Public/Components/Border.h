@@ -51,5 +51,6 @@ protected:
 
 private:
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 	void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const override;
 };

@@ -51,6 +51,7 @@ public:
 
 private:
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 	void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const override;
 	bool HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerReleased(const FGeometry& MyGeometry, const FPointerEvent& Event, bool bInside) override;

@@ -84,6 +84,7 @@ private:
 	friend class FWidgetViewport;
 
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 
 	/** Selects Option as a choice from the open list would; false when there is no such option. */
 	bool SelectOption(const FString& Option, ESelectInfo::Type SelectionType);

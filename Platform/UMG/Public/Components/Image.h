@@ -57,4 +57,5 @@ public:
 
 private:
 	FVector2D ComputeDesiredSize() const override { return GetBrush().ImageSize; }
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 };

@@ -43,4 +43,5 @@ public:
 
 private:
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 };

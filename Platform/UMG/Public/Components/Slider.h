@@ -98,6 +98,7 @@ public:
 
 private:
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 	bool HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerDragged(const FGeometry& MyGeometry, const FPointerEvent& Event) override;
 	void HandlePointerReleased(const FGeometry& MyGeometry, const FPointerEvent& Event, bool bInside) override;

@@ -90,6 +90,7 @@ public:
 
 private:
 	FVector2D ComputeDesiredSize() const override;
+	void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const override;
 
 	// The measured size of Text in Font, valid while bMeasureValid is set.
 	mutable FVector2D MeasuredSize = FVector2D::ZeroVector;

@@ -17,6 +17,7 @@
 #include "Slate/WidgetTransform.h"
 #include "Widget.generated.h"
 
+class FSlateWindowElementList;
 class UPanelSlot;
 class UPanelWidget;
 struct FArrangedChildWidget;
@@ -125,8 +126,9 @@ public:
 	float RenderOpacity = 1.0f;
 
 private:
-	// The stand-in's layout and pointer routing: overridden by the widget classes, called by the
-	// viewport's layout pass and input routing (friends below). The engine does this in Slate.
+	// The stand-in's layout, painting and pointer routing: overridden by the widget classes, called
+	// by the viewport's layout and paint passes and input routing (friends below). The engine does
+	// this in Slate.
 
 	/** The size this widget asks for; its children's desired sizes are already up to date. */
 	virtual FVector2D ComputeDesiredSize() const { return FVector2D::ZeroVector; }
@@ -134,6 +136,12 @@ private:
 	virtual void ArrangeChildren(const FGeometry& AllottedGeometry, TArray<FArrangedChildWidget>& OutChildren) const {}
 	/** All children in paint order, later ones on top. */
 	virtual void GetLayoutChildren(TArray<UWidget*>& OutChildren) const {}
+	/**
+	 * Adds the widget's own look (not its children's, which paint themselves after it) to the
+	 * frame's draw list: Geometry is its box with the render translations applied, Opacity the
+	 * product of the render opacities down to it. Panels and user widgets add nothing.
+	 */
+	virtual void PaintSelf(FSlateWindowElementList& OutDrawElements, const FGeometry& Geometry, float Opacity) const {}
 
 	/** The pointer went down on the widget; true takes the pointer until it is released. */
 	virtual bool HandlePointerPressed(const FGeometry& MyGeometry, const FPointerEvent& Event) { return false; }

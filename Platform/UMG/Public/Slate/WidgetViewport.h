@@ -7,7 +7,8 @@
 // FWidgetViewport (stand-in): the game viewport's widget layer. It holds the user widgets added
 // to the viewport by ZOrder and runs the widget parts of a frame, which the frame loop calls in
 // this order: ProcessInput (routed with the last frame's geometry), TickWidgets, Layout, then the
-// renderer's paint (ForEachPaintedWidget), then FinishFrame. Game thread only.
+// renderer's paint (Paint, where every drawn widget adds its own look to the frame's draw list),
+// then FinishFrame. Game thread only.
 //
 // A user widget's NativeDestruct runs when the last holder of its Slate side lets go, as in the
 // engine: at once when its parent (a panel or the viewport) drops it, unless Slate itself still
@@ -23,6 +24,7 @@
 #include "UObject/WeakObjectPtrTemplates.h"
 #include "Layout/Geometry.h"
 
+class FSlateWindowElementList;
 class UComboBoxString;
 class UUserWidget;
 class UWidget;
@@ -65,6 +67,8 @@ public:
 	void Layout();
 	/** Calls Visitor for every drawn widget in paint order with its geometry and accumulated opacity. */
 	void ForEachPaintedWidget(TFunctionRef<void(UWidget& Widget, const FGeometry& Geometry, float Opacity)> Visitor) const;
+	/** Appends what every drawn widget shows, in paint order, to OutDrawElements. */
+	void Paint(FSlateWindowElementList& OutDrawElements) const;
 	/** NativeDestruct of any held widget that left the screen and is still off it (normally none by now). */
 	void FinishFrame();
 

@@ -53,6 +53,14 @@ namespace
 
 FLessonWindow::~FLessonWindow()
 {
+	if (PaintingFrame)
+	{
+		PaintingFrame->Detach();
+	}
+	if (LockedPixels)
+	{
+		SDL_UnlockTexture(Texture);
+	}
 	if (Texture)
 	{
 		SDL_DestroyTexture(Texture);
@@ -291,39 +299,85 @@ void FLessonWindow::FlushPendingMove()
 	}
 }
 
+bool FLessonWindow::EnsureTexture(const FIntPoint& Size)
+{
+	if (Texture && Size == TextureSize)
+	{
+		return true;
+	}
+	if (Texture)
+	{
+		SDL_DestroyTexture(Texture);
+	}
+	// RGBA32 names the byte order R, G, B, A whatever the machine's endianness (ABGR8888 on
+	// little-endian), which is the frame's own layout: no conversion on upload.
+	Texture = SDL_CreateTexture(Renderer, SDL_PIXELFORMAT_RGBA32, SDL_TEXTUREACCESS_STREAMING, Size.X, Size.Y);
+	TextureSize = Texture ? Size : FIntPoint(0, 0);
+	if (!Texture)
+	{
+		UE_LOG(LogLessonWindow, Error, TEXT("cannot make a %dx%d picture: %s"), Size.X, Size.Y, UTF8_TO_TCHAR(SDL_GetError()));
+		return false;
+	}
+	// The window is opaque: the frame's alpha must not darken the picture.
+	SDL_SetTextureBlendMode(Texture, SDL_BLENDMODE_NONE);
+	return true;
+}
+
+bool FLessonWindow::BeginPicture(FRenderFrame& Frame)
+{
+	if (!Renderer || LockedPixels)
+	{
+		return false;
+	}
+	// The renderer sizes its frame to the viewport, so the texture must have that size to be painted into.
+	const FVector2D Viewport = FWidgetViewport::Get().GetViewportSize();
+	const FIntPoint Size(FMath::RoundToInt32(static_cast<float>(Viewport.X)), FMath::RoundToInt32(static_cast<float>(Viewport.Y)));
+	if (Size.X <= 0 || Size.Y <= 0 || !EnsureTexture(Size))
+	{
+		return false;
+	}
+	// A streaming texture's lock hands out memory the next unlock shows (the texture's own pixels
+	// in SDL's software renderer, the buffer a GPU renderer uploads from): painting there is the
+	// whole of the way to the screen. Its old contents are undefined, and the renderer clears first.
+	int Pitch = 0;
+	if (SDL_LockTexture(Texture, nullptr, &LockedPixels, &Pitch) != 0)
+	{
+		LockedPixels = nullptr;
+		return false;
+	}
+	Frame.Attach(static_cast<uint8*>(LockedPixels), Size.X, Size.Y, Pitch);
+	if (!Frame.IsAttached())
+	{
+		SDL_UnlockTexture(Texture);
+		LockedPixels = nullptr;
+		return false;
+	}
+	PaintingFrame = &Frame;
+	return true;
+}
+
 void FLessonWindow::Present(const FRenderFrame& Frame)
 {
 	if (!Renderer)
 	{
 		return;
 	}
-	const FIntPoint Size(Frame.GetWidth(), Frame.GetHeight());
-	if (Size.X > 0 && Size.Y > 0)
+	const bool bPaintedInPlace = LockedPixels && Frame.IsAttached() && Frame.GetData() == LockedPixels;
+	if (LockedPixels)
 	{
-		if (!Texture || !(Size == TextureSize))
-		{
-			if (Texture)
-			{
-				SDL_DestroyTexture(Texture);
-			}
-			// RGBA32 names the byte order R, G, B, A whatever the machine's endianness (ABGR8888 on
-			// little-endian), which is the frame's own layout: no conversion on upload.
-			Texture = SDL_CreateTexture(Renderer, SDL_PIXELFORMAT_RGBA32, SDL_TEXTUREACCESS_STREAMING, Size.X, Size.Y);
-			TextureSize = Texture ? Size : FIntPoint(0, 0);
-			if (!Texture)
-			{
-				UE_LOG(LogLessonWindow, Error, TEXT("cannot make a %dx%d picture: %s"), Size.X, Size.Y, UTF8_TO_TCHAR(SDL_GetError()));
-			}
-			else
-			{
-				// The window is opaque: the frame's alpha must not darken the picture.
-				SDL_SetTextureBlendMode(Texture, SDL_BLENDMODE_NONE);
-			}
-		}
-		if (Texture)
-		{
-			SDL_UpdateTexture(Texture, nullptr, Frame.GetData(), Frame.GetStride());
-		}
+		SDL_UnlockTexture(Texture);
+		LockedPixels = nullptr;
+	}
+	if (PaintingFrame)
+	{
+		// The locked memory is SDL's again: the frame must not paint into it any more.
+		PaintingFrame->Detach();
+		PaintingFrame = nullptr;
+	}
+	const FIntPoint Size(Frame.GetWidth(), Frame.GetHeight());
+	if (!bPaintedInPlace && Size.X > 0 && Size.Y > 0 && EnsureTexture(Size))
+	{
+		SDL_UpdateTexture(Texture, nullptr, Frame.GetData(), Frame.GetStride());
 	}
 	DrawPicture();
 	SDL_RenderPresent(Renderer);
@@ -341,6 +395,10 @@ void FLessonWindow::DrawPicture() const
 	if (!Box.IsEmpty())
 	{
 		const SDL_Rect Target{ Box.X, Box.Y, Box.Width, Box.Height };
+		// Shown at its own size the picture needs no filtering, and a texture sampled without it
+		// is cheaper for a renderer that samples on the CPU (llvmpipe, SDL's software renderer).
+		const bool bOneToOne = Box.Width == TextureSize.X && Box.Height == TextureSize.Y;
+		SDL_SetTextureScaleMode(Texture, bOneToOne ? SDL_ScaleModeNearest : SDL_ScaleModeLinear);
 		SDL_RenderCopy(Renderer, Texture, nullptr, &Target);
 	}
 }

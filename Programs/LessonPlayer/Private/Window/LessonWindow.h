@@ -42,7 +42,15 @@ public:
 	 */
 	bool PumpEvents(TArray<ELessonKey>& OutKeys);
 
-	/** Shows Frame, scaled to the window with its aspect kept (black bars). */
+	/**
+	 * Lets the next frame be painted straight into the window's picture: attaches Frame to the
+	 * streaming texture, locked, at the viewport's size, until Present shows it (and detaches
+	 * Frame). Nothing is copied on the way to the screen then. False, and Frame left as it was,
+	 * when the texture cannot be locked; Present then uploads the frame as usual.
+	 */
+	bool BeginPicture(FRenderFrame& Frame);
+
+	/** Shows Frame, scaled to the window with its aspect kept (black bars); a frame painted in place is not copied. */
 	void Present(const FRenderFrame& Frame);
 
 	/** Reads back what the window shows now (for screenshots of the real window). */
@@ -72,6 +80,8 @@ private:
 	void FlushPendingMove();
 	/** Draws the last picture, letterboxed, into the renderer's back buffer. */
 	void DrawPicture() const;
+	/** Makes Texture Size big, unless it is already; false when SDL cannot. */
+	bool EnsureTexture(const FIntPoint& Size);
 
 	// The window; null until Open succeeds.
 	SDL_Window* Window = nullptr;
@@ -81,6 +91,10 @@ private:
 	SDL_Texture* Texture = nullptr;
 	// The size of Texture in pixels.
 	FIntPoint TextureSize = FIntPoint(0, 0);
+	// The frame painting into the locked Texture, between BeginPicture and Present; null otherwise.
+	FRenderFrame* PaintingFrame = nullptr;
+	// Where the locked Texture's pixels are; null while it is not locked.
+	void* LockedPixels = nullptr;
 	// True while this window holds a reference on SDL's video subsystem.
 	bool bVideoStarted = false;
 	// Set when the viewer closed the window or pressed Quit.
