@@ -17,20 +17,51 @@ namespace UE::Core::Private
 		}
 	}
 
+	namespace
+	{
+		// A code unit maps only to a code unit: the few letters whose other case lies outside the
+		// Basic Multilingual Plane keep their case rather than turn into half a pair.
+		uint32 MapUnit(uint32 Char, bool bLower)
+		{
+			const locale_t Locale = UnicodeLocale();
+			const wint_t Unit = static_cast<wint_t>(Char);
+			const uint32 Mapped = static_cast<uint32>(bLower ? (Locale ? towlower_l(Unit, Locale) : towlower(Unit))
+															 : (Locale ? towupper_l(Unit, Locale) : towupper(Unit)));
+			return Mapped <= 0xFFFF ? Mapped : Char;
+		}
+
+		// Every code unit's other case, looked up once per process: case-insensitive comparison and
+		// hashing of non-ASCII text is then one load per unit instead of a call into the C library.
+		struct FCaseTables
+		{
+			uint16 Lower[0x10000];
+			uint16 Upper[0x10000];
+
+			FCaseTables()
+			{
+				for (uint32 Unit = 0; Unit < 0x10000; ++Unit)
+				{
+					Lower[Unit] = static_cast<uint16>(MapUnit(Unit, true));
+					Upper[Unit] = static_cast<uint16>(MapUnit(Unit, false));
+				}
+			}
+		};
+
+		// Built when the library loads, so a lookup needs no guard; anything that folds case while
+		// the library is still loading gets the C library's answer.
+		const FCaseTables* const GCaseTables = new FCaseTables;
+	}
+
 	uint32 WideToLower(uint32 Char)
 	{
-		const locale_t Locale = UnicodeLocale();
-		const uint32 Lower = static_cast<uint32>(Locale ? towlower_l(static_cast<wint_t>(Char), Locale) : towlower(static_cast<wint_t>(Char)));
-		// A code unit maps only to a code unit: the few letters whose other case lies in another
-		// plane (none in the Basic Multilingual Plane today) keep their case rather than wrap.
-		return Lower <= 0xFFFF ? Lower : Char;
+		const FCaseTables* const Tables = GCaseTables;
+		return Tables && Char <= 0xFFFF ? Tables->Lower[Char] : MapUnit(Char, true);
 	}
 
 	uint32 WideToUpper(uint32 Char)
 	{
-		const locale_t Locale = UnicodeLocale();
-		const uint32 Upper = static_cast<uint32>(Locale ? towupper_l(static_cast<wint_t>(Char), Locale) : towupper(static_cast<wint_t>(Char)));
-		return Upper <= 0xFFFF ? Upper : Char;
+		const FCaseTables* const Tables = GCaseTables;
+		return Tables && Char <= 0xFFFF ? Tables->Upper[Char] : MapUnit(Char, false);
 	}
 
 	bool WideIsAlpha(uint32 Char)

@@ -277,11 +277,21 @@ void FString::RemoveAt(int32 Index, int32 Count)
 
 bool FString::Equals(const FString& Other, ESearchCase::Type SearchCase) const
 {
-	return Len() == Other.Len() && RangesEqual(**this, *Other, Len(), SearchCase);
+	const int32 Length = Len();
+	if (Length != Other.Len())
+	{
+		return false;
+	}
+	// Copies share their characters, and then there is nothing to compare.
+	return Length == 0 || Block == Other.Block || RangesEqual(Block->Chars(), Other.Block->Chars(), Length, SearchCase);
 }
 
 int32 FString::Compare(const FString& Other, ESearchCase::Type SearchCase) const
 {
+	if (Block == Other.Block)
+	{
+		return 0;
+	}
 	return CompareRanges(**this, Len(), *Other, Other.Len(), SearchCase);
 }
 
@@ -428,7 +438,7 @@ bool FString::MatchesWildcard(const FString& Wildcard, ESearchCase::Type SearchC
 
 uint32 GetTypeHash(const FString& String)
 {
-	return UE::Core::Private::HashIgnoringCase(*String, String.Len());
+	return String.IsEmpty() ? UE::Core::Private::HashIgnoringCase(nullptr, 0) : UE::Core::Private::HashIgnoringCase(String.begin(), String.Len());
 }
 
 uint32 UE::Core::Private::HashIgnoringCaseOf(const TCHAR* Chars, int32 Count)
