@@ -41,7 +41,14 @@ build_targets()
 	for target in "$@"; do
 		names+=("Fuzz$target")
 	done
-	cmake --build --preset fuzz --target "${names[@]}" PlainFuzzCorpus | grep -v '^\[' || true
+	# A failed build must stop here: run, the missing programs would read as findings.
+	local log=$build/FuzzBuild.log
+	if ! cmake --build --preset fuzz --target "${names[@]}" PlainFuzzCorpus >"$log" 2>&1; then
+		grep -v '^\[' "$log" >&2
+		echo "fuzz: the fuzz build failed (above); no target was run" >&2
+		exit 1
+	fi
+	grep -v '^\[' "$log" || true
 }
 
 # Runs one built target for $2 seconds and prints its figures.

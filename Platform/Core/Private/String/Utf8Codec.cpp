@@ -43,7 +43,7 @@ namespace UE::Core::Private
 		const unsigned char* In = reinterpret_cast<const unsigned char*>(Bytes);
 		int32 Written = 0;
 		// Counting runs the same decoder as writing, so the count is exact for any input.
-		const auto Put = [&Out, &Written](TCHAR Unit)
+		const auto Put = [&](TCHAR Unit)
 		{
 			if constexpr (bWrite)
 			{
