@@ -24,7 +24,7 @@ namespace UE::Json::Private
 			uint32 MapHash = 0;
 		};
 
-		FStringPool(int32 InNumSlots, int32 InMaxLength) : Slots(static_cast<size_t>(InNumSlots)), MaxLength(InMaxLength) {}
+		FStringPool(int32 InNumSlots, int32 InMaxLength) : NumSlots(static_cast<size_t>(InNumSlots)), MaxLength(InMaxLength) {}
 
 		/** Whether Length characters are short enough to be pooled. */
 		bool Takes(int32 Length) const { return Length <= MaxLength; }
@@ -38,7 +38,12 @@ namespace UE::Json::Private
 			{
 				Hash = (Hash ^ Chars[Index]) * 16777619u;
 			}
-			FPooled& Slot = Slots[(Hash ^ (Hash >> 15)) & (Slots.size() - 1)];
+			// Made on first use: a one-comment document should not pay for a pool it cannot fill.
+			if (Slots.empty())
+			{
+				Slots.resize(NumSlots);
+			}
+			FPooled& Slot = Slots[(Hash ^ (Hash >> 15)) & (NumSlots - 1)];
 			const bool bSame = Slot.Text.Len() == Length && Length > 0
 				&& FCString::Strncmp(*Slot.Text, Chars, static_cast<SIZE_T>(Length)) == 0;
 			if (!bSame)
@@ -50,8 +55,9 @@ namespace UE::Json::Private
 		}
 
 	private:
-		// Each place's latest string; a power-of-two count.
+		// Each place's latest string; NumSlots of them (a power of two) once the first is asked for.
 		std::vector<FPooled> Slots;
+		size_t NumSlots;
 		// Longer strings are rarely repeated and not worth the comparison.
 		int32 MaxLength;
 	};

@@ -36,7 +36,9 @@ namespace UE::Json::Private
 		bool String(const TCHAR*, rapidjson::SizeType Length, bool bCopy)
 		{
 			const int32 Count = static_cast<int32>(Length);
-			FString Text = Texts.Takes(Count) ? Texts.Find(Scratch.Chars(), Count).Text : FString(Count, Scratch.Chars());
+			// Texts are pooled once a document has shown it is long enough to repeat itself.
+			const bool bPool = ++NumTexts > TextsBeforePooling && Texts.Takes(Count);
+			FString Text = bPool ? Texts.Find(Scratch.Chars(), Count).Text : FString(Count, Scratch.Chars());
 			return Add(NewShared<FJsonValue, FJsonValueString>(MoveTemp(Text)));
 		}
 		bool Key(const TCHAR*, rapidjson::SizeType Length, bool bCopy)
@@ -141,6 +143,9 @@ namespace UE::Json::Private
 		FStringPool Names{64, 64};
 		// Short texts, which repeat more often than not in a comment document.
 		FStringPool Texts{1024, 24};
+		// Text values read so far, and how many are read before Texts is used.
+		int32 NumTexts = 0;
+		static constexpr int32 TextsBeforePooling = 64;
 		// Containers nested deeper than this are refused.
 		int32 MaxDepth;
 		// The open containers, outermost first; kept between uses so their storage is reused.
