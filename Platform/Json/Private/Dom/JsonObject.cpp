@@ -29,6 +29,19 @@ namespace
 
 const TSharedPtr<FJsonValue>* FJsonObject::FindField(FStringView FieldName) const
 {
+	// A record's few fields are quicker to walk than to hash the name: most differ in length.
+	if (Values.Num() <= 8)
+	{
+		const FFieldNameView View{FieldName};
+		for (const TPair<FString, TSharedPtr<FJsonValue>>& Field : Values)
+		{
+			if (Field.Key == View)
+			{
+				return &Field.Value;
+			}
+		}
+		return nullptr;
+	}
 	const uint32 Hash = UE::Core::Private::HashIgnoringCaseOf(FieldName.GetData(), FieldName.Len());
 	return Values.FindByHash(Hash, FFieldNameView{FieldName});
 }
