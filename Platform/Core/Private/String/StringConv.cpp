@@ -36,21 +36,12 @@ namespace UE::Core::Private
 {
 	std::u32string ToCodePoints(const TCHAR* Chars, int32 Length)
 	{
+		const SIZE_T Units = static_cast<SIZE_T>(Length > 0 ? Length : 0);
 		std::u32string CodePoints;
-		CodePoints.reserve(static_cast<SIZE_T>(Length > 0 ? Length : 0));
-		for (int32 Index = 0; Index < Length; ++Index)
+		CodePoints.reserve(Units);
+		for (SIZE_T Index = 0; Index < Units;)
 		{
-			const char32_t Unit = Chars[Index];
-			const bool bHigh = Unit >= 0xD800 && Unit <= 0xDBFF;
-			if (bHigh && Index + 1 < Length && Chars[Index + 1] >= 0xDC00 && Chars[Index + 1] <= 0xDFFF)
-			{
-				CodePoints.push_back(0x10000 + ((Unit - 0xD800) << 10) + (static_cast<char32_t>(Chars[Index + 1]) - 0xDC00));
-				++Index;
-			}
-			else
-			{
-				CodePoints.push_back(Unit >= 0xD800 && Unit <= 0xDFFF ? char32_t(ReplacementChar) : Unit);
-			}
+			CodePoints.push_back(static_cast<char32_t>(ReadCodePoint(Chars, Units, Index)));
 		}
 		return CodePoints;
 	}

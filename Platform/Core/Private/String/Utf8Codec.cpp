@@ -120,18 +120,9 @@ namespace UE::Core::Private
 	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length)
 	{
 		Out.reserve(Out.size() + Length);
-		for (SIZE_T Index = 0; Index < Length; ++Index)
+		for (SIZE_T Index = 0; Index < Length;)
 		{
-			uint32 Code = static_cast<uint32>(Chars[Index]);
-			if (Code >= 0xD800 && Code <= 0xDBFF && Index + 1 < Length && Chars[Index + 1] >= 0xDC00 && Chars[Index + 1] <= 0xDFFF)
-			{
-				Code = 0x10000 + ((Code - 0xD800) << 10) + (static_cast<uint32>(Chars[Index + 1]) - 0xDC00);
-				++Index;
-			}
-			else if (Code >= 0xD800 && Code <= 0xDFFF)
-			{
-				Code = static_cast<uint32>(ReplacementChar);
-			}
+			const uint32 Code = ReadCodePoint(Chars, Length, Index);
 			if (Code < 0x80)
 			{
 				Out.push_back(static_cast<char>(Code));

@@ -24,6 +24,20 @@ namespace UE::Core::Private
 	/** How many code units DecodeUtf8 makes of Length bytes, without writing them. */
 	int32 CountUtf8AsTchars(const char* Bytes, SIZE_T Length);
 
+	/**
+	 * The character at Chars[Index] of Length units, moving Index past it: a surrogate pair is read
+	 * as one code point, a lone surrogate as U+FFFD.
+	 */
+	inline uint32 ReadCodePoint(const TCHAR* Chars, SIZE_T Length, SIZE_T& Index)
+	{
+		const uint32 Unit = Chars[Index++];
+		if (Unit >= 0xD800 && Unit <= 0xDBFF && Index < Length && Chars[Index] >= 0xDC00 && Chars[Index] <= 0xDFFF)
+		{
+			return 0x10000 + ((Unit - 0xD800) << 10) + (static_cast<uint32>(Chars[Index++]) - 0xDC00);
+		}
+		return Unit >= 0xD800 && Unit <= 0xDFFF ? static_cast<uint32>(ReplacementChar) : Unit;
+	}
+
 	/** Appends Chars as UTF-8; a surrogate pair is one character, a lone surrogate is written as U+FFFD. */
 	void AppendTcharAsUtf8(std::string& Out, const TCHAR* Chars, SIZE_T Length);
 }
